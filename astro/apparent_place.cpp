@@ -40,9 +40,9 @@ double DynamicalTime(double julianDate) {
 }
 
 Nutation NutationAt(double jde) {
-  // libnova keeps the last result and recomputes only when the date moves by more than a tenth
-  // of a day, which keeps the once-a-second recalculation cheap; the error of that is far below
-  // an arc-second.
+  // libnova keeps the last result (in a static: one thread only) and recomputes only when the
+  // date moves by more than a tenth of a day, which keeps the once-a-second recalculation cheap;
+  // the error of that is far below an arc-second.
   ln_nutation n;
   ln_get_nutation(jde, &n);
   return {n.longitude, n.ecliptic + n.obliquity};

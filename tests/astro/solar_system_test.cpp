@@ -28,7 +28,8 @@ constexpr double kPlutoLateDistanceTolPercent = 0.3;
 // The Sun and the planets are in fact far better than a minute: this catches a reduction left out
 // (nutation and aberration are each up to 20 arc-seconds).
 constexpr double kReductionTolArcsec = 10.0;
-constexpr double kShortSunTolDeg = 0.01;  // the Sun's longitude used for the Moon's phase
+// The Sun's longitude used for the Moon's phase: 0.011 degree at worst over 1988..2150.
+constexpr double kShortSunTolDeg = 0.015;
 constexpr std::size_t kMinimumMoments = 12;
 
 constexpr double kRadiansPerDegree = std::numbers::pi / 180;
@@ -52,7 +53,11 @@ std::vector<Reference> ReadReference() {
     double deltaT = 0;
     fields >> r.moment >> r.jd >> deltaT >> r.kind >> r.body >> r.raHours >> r.decDeg >>
         r.distanceAu >> r.eclipticLonDeg;
-    if (fields) rows.push_back(r);
+    if (fields) {
+      rows.push_back(r);
+    } else {
+      ADD_FAILURE() << "unreadable reference line: " << line;
+    }
   }
   return rows;
 }
