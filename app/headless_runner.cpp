@@ -25,15 +25,13 @@ std::string ToUtf8(const std::string& latin1) {
 void PrintDisplay(const MainDisplay& d, std::ostream& out) {
   out << ToUtf8(d.label1) << "\n"
       << ToUtf8(d.date) << "  " << ToUtf8(d.time) << "  " << ToUtf8(d.gmt) << "\n"
-      << ToUtf8(d.siderealTime) << "  " << ToUtf8(d.latitude) << "  " << ToUtf8(d.longitude)
-      << "\n"
+      << ToUtf8(d.siderealTime) << "  " << ToUtf8(d.latitude) << "  " << ToUtf8(d.longitude) << "\n"
       << "Catalog " << ToUtf8(d.catalog) << "  " << ToUtf8(d.scopeType) << "\n";
   if (!d.name1.empty()) {
     out << ToUtf8(d.name1) << " " << ToUtf8(d.name2) << " " << ToUtf8(d.name3) << "\n"
-        << ToUtf8(d.rightAsc) << "  " << ToUtf8(d.declination) << "  " << ToUtf8(d.altitude)
-        << "  " << ToUtf8(d.azimuth) << "\n"
-        << ToUtf8(d.riseTime) << "  " << ToUtf8(d.transitTime) << "  " << ToUtf8(d.setTime)
-        << "\n";
+        << ToUtf8(d.rightAsc) << "  " << ToUtf8(d.declination) << "  " << ToUtf8(d.altitude) << "  "
+        << ToUtf8(d.azimuth) << "\n"
+        << ToUtf8(d.riseTime) << "  " << ToUtf8(d.transitTime) << "  " << ToUtf8(d.setTime) << "\n";
   }
   out << ToUtf8(d.general) << "\n";
 }

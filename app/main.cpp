@@ -68,11 +68,11 @@ int main(int argc, char** argv) {
   std::string userData = Env("XDG_DATA_HOME");
   if (userData.empty() && !Env("HOME").empty()) userData = Env("HOME") + "/.local/share";
   const std::string exeDir = std::filesystem::path(executable).parent_path().string();
-  astel::InstallDirChoice installDir = astel::ResolveInstallDir(
-      {Env("ASTEL_HOME"),
-       exeDir,
-       userData,
-       {exeDir + "/../share/astel", ASTEL_INSTALLED_DATA_DIR}});
+  astel::InstallDirChoice installDir =
+      astel::ResolveInstallDir({Env("ASTEL_HOME"),
+                                exeDir,
+                                userData,
+                                {exeDir + "/../share/astel", ASTEL_INSTALLED_DATA_DIR}});
   if (!installDir.error.empty()) std::cerr << "astel: " << installDir.error << "\n";
 
   astel::SharedState state;

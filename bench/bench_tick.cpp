@@ -43,7 +43,10 @@ void BM_TickWithBody(benchmark::State& bench) {
     benchmark::DoNotOptimize(logic.Display().altitude.data());
   }
 }
-BENCHMARK(BM_TickWithBody)->Arg(astel::kMoon)->Arg(astel::kSun)->Arg(astel::kJupiter)
+BENCHMARK(BM_TickWithBody)
+    ->Arg(astel::kMoon)
+    ->Arg(astel::kSun)
+    ->Arg(astel::kJupiter)
     ->Unit(benchmark::kMicrosecond);
 
 void BM_TickWithCatalogObject(benchmark::State& bench) {

@@ -10,7 +10,7 @@ void Derive(double radians, int& degrees, double& minutes, int& sign, std::strin
   const double value = radians * kDegreesPerRadianExact;
   degrees = static_cast<int>(std::trunc(value));
   sign = (value < 0 && degrees == 0) ? -1 : 1;
-  signText.assign(value < 0 ? 1 : 0, '-');  // assign, not =, avoids a GCC 12 false -Wrestrict
+  signText = value < 0 ? "-" : "";
   minutes = std::fabs(value - degrees) * 60;
   if (minutes >= 59.95) {
     minutes = 0;

@@ -10,7 +10,9 @@ namespace {
 
 const std::string kDegree(1, kDegreeSign);
 
-std::string Two(double v) { return FormatFixed(v, "00"); }
+std::string Two(double v) {
+  return FormatFixed(v, "00");
+}
 
 // Whole units and a fraction counted in `unitsPerWhole`, rounded to `decimals` places with the
 // carry into the whole units, so 59.96 minutes never shows as "60.0".
@@ -32,8 +34,8 @@ std::string DateCaption(const TimeState& t, bool usDateOrder) {
 }
 
 std::string TimeCaption(const TimeState& t) {
-  return Two(t.hour) + ":" + Two(t.minute) + ":" + Two(std::floor(t.second)) + " " +
-         t.zoneLetter1 + t.zoneLetter2 + t.zoneLetter3;
+  return Two(t.hour) + ":" + Two(t.minute) + ":" + Two(std::floor(t.second)) + " " + t.zoneLetter1 +
+         t.zoneLetter2 + t.zoneLetter3;
 }
 
 std::string GmtCaption(const TimeState& t, const PlaceState& p) {
@@ -78,7 +80,9 @@ std::string DeclinationText(const ObjectState& o) {
          Two(minutes) + "'";
 }
 
-std::string DeclinationCaption(const ObjectState& o) { return "Dec " + DeclinationText(o); }
+std::string DeclinationCaption(const ObjectState& o) {
+  return "Dec " + DeclinationText(o);
+}
 
 std::string AltitudeCaption(const ObjectState& o) {
   return "Alt " + o.altitudeDegText + kDegree + o.altitudeMinText + "'";

@@ -99,9 +99,9 @@ bool WriteHomeFile(SharedState& s, Dialogs& dialogs) {
 }
 
 void SaveButton(SharedState& s, Dialogs& dialogs) {
-  std::string name = dialogs.InputBox(
-      "Enter new file name or click 'OK' to keep the name unchanged",
-      "Save Parameters in Home File", s.files.homeFileName);
+  std::string name =
+      dialogs.InputBox("Enter new file name or click 'OK' to keep the name unchanged",
+                       "Save Parameters in Home File", s.files.homeFileName);
   if (name.empty()) return;
   s.files.homeFileName = name;
   WriteHomeFile(s, dialogs);
@@ -113,8 +113,7 @@ void OfferSaveOnExit(SharedState& s, Dialogs& dialogs) {
   const std::string prompt = s.program.homeFileVersion < kHomeFileVersion
                                  ? "ASTEL has been updated, \n\rOld Location File Should be Saved."
                                  : "Do you want to save current configuration changes?";
-  std::string name =
-      dialogs.InputBox(prompt, "Save Parameters in Home File", s.files.homeFileName);
+  std::string name = dialogs.InputBox(prompt, "Save Parameters in Home File", s.files.homeFileName);
   if (name.empty()) return;
   s.files.homeFileName = name;
   WriteHomeFile(s, dialogs);

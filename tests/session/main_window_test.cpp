@@ -47,8 +47,12 @@ TEST_F(MainWindowTest, PlaceAndTimeCaptions) {
   EXPECT_EQ(d.date, "22-11-2026");
   EXPECT_EQ(d.time, "21:30:05 GMT");
   EXPECT_EQ(d.gmt, "GMT 21:30:05  (offset 0 h)");
-  EXPECT_EQ(d.latitude, "Lat  51\xB0" "28.6' N");
-  EXPECT_EQ(d.longitude, "Long 000\xB0" "00.0' W");
+  EXPECT_EQ(d.latitude,
+            "Lat  51\xB0"
+            "28.6' N");
+  EXPECT_EQ(d.longitude,
+            "Long 000\xB0"
+            "00.0' W");
   EXPECT_EQ(d.scopeType, "Type 0  no GoTo scope");
   EXPECT_EQ(d.catalog, "full.obc");
   EXPECT_TRUE(d.bestOfEnabled);
@@ -69,8 +73,12 @@ TEST_F(MainWindowTest, PlaceAndTimeCaptions) {
   EXPECT_EQ(d.date, "11-22-2026");
   EXPECT_EQ(d.time, "21:30:05 EST");
   EXPECT_EQ(d.gmt, "GMT 02:30:05 +1 day  (offset 5 h)");
-  EXPECT_EQ(d.latitude, "Lat  00\xB0" "30.0' S");
-  EXPECT_EQ(d.longitude, "Long 010\xB0" "30.0' E");
+  EXPECT_EQ(d.latitude,
+            "Lat  00\xB0"
+            "30.0' S");
+  EXPECT_EQ(d.longitude,
+            "Long 010\xB0"
+            "30.0' E");
 }
 
 TEST_F(MainWindowTest, BestOfFollowsTheCatalogName) {
@@ -104,8 +112,8 @@ TEST_F(MainWindowTest, ShownObjectCaptionsAndRiseSetOncePerMinute) {
   EXPECT_EQ(d.declination, "Dec +41\xB0 16'");
   EXPECT_EQ(d.magnitude, "Mag 3.44");
   EXPECT_EQ(d.riseTime, "RiseTime = Always Up");  // 41 degrees north from 51.5 north
-  EXPECT_EQ(d.altitude, "Alt " + state.object.altitudeDegText + "\xB0" +
-                            state.object.altitudeMinText + "'");
+  EXPECT_EQ(d.altitude,
+            "Alt " + state.object.altitudeDegText + "\xB0" + state.object.altitudeMinText + "'");
 
   // Rise and set are recomputed when a new minute starts, not on every tick.
   state.object.riseText = "stale";

@@ -16,15 +16,20 @@
 namespace astel {
 namespace {
 
+// Opening the telescope selection stands for an observer who picks a Meade LX200 there.
 class RecordingWindows : public Windows {
  public:
+  SharedState* state = nullptr;
   int scopeSelections = 0;
-  void OpenScopeSelection() override { ++scopeSelections; }
+  void OpenScopeSelection() override {
+    ++scopeSelections;
+    if (state) state->telescope.scopeCode = 401;
+  }
 };
 
 HomeFileRecord Greenwich() {
   HomeFileRecord r;
-  r.homeLatitude = 51.4767 / kDegreesPerRadianExact;
+  r.homeLatitude = (51 + 28.6 / 60) / kDegreesPerRadianExact;
   r.homeLongitude = 0;
   r.scopeCode = 10000;
   r.comPort = 1;
@@ -42,6 +47,7 @@ class StartupTest : public ::testing::Test {
     ASSERT_EQ(SaveHomeFile(dir.path() + "/" + name, r), "");
   }
   int Start(const std::string& commandLine = "") {
+    windows.state = &state;
     StartupInputs in{dir.path(), "/nonexistent", commandLine, "/usr/bin/astel", desktop.path()};
     return Startup(state, in, dialogs, clock, windows);
   }
@@ -102,7 +108,8 @@ TEST_F(StartupTest, FirstStartRecordsItsDate) {
 }
 
 TEST_F(StartupTest, UnreadableHomeFileEndsTheRunWithNothingApplied) {
-  for (const char* content : {"", "garbage that is not a home file", nullptr}) {
+  for (const char* content : {static_cast<const char*>(""), "garbage that is not a home file",
+                              static_cast<const char*>(nullptr)}) {
     SharedState fresh;
     state = fresh;
     dialogs.messages.clear();
@@ -123,7 +130,8 @@ TEST_F(StartupTest, UnreadableHomeFileEndsTheRunWithNothingApplied) {
 TEST_F(StartupTest, TooManyScriptCommands) {
   WriteHome(Greenwich());
   std::string line = "SLEEP=1";
-  for (int i = 0; i < 25; ++i) line += ";SLEEP=1";
+  for (int i = 0; i < 25; ++i)
+    line += ";SLEEP=1";
   EXPECT_EQ(Start(line), kExitStartupFailed);
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("more than 25 commands"), std::string::npos);
@@ -141,10 +149,11 @@ TEST_F(StartupTest, OlderLayoutAsksForTheTelescope) {
   EXPECT_EQ(dialogs.messages[0],
             "Make telescope selection and Com port selection. Then save options to avoid seeing "
             "this again");
-  EXPECT_EQ(state.telescope.scopeType, 3);
+  EXPECT_EQ(state.telescope.scopeCode, 401);
   EXPECT_FALSE(state.telescope.scopeHasGps);
   EXPECT_TRUE(std::filesystem::exists(desktop.path() + "/ASTEL.desktop"));
-  // Its GPS flag stood where the older layout keeps the first-start date: rewritten at once.
+  // Its GPS flag stood where the older layout keeps the first-start date: rewritten at once, now
+  // in the current layout.
   auto saved = LoadHomeFile(dir.path() + "/ASTEL.HOM");
   ASSERT_TRUE(saved);
   EXPECT_GT(saved->firstStartDate, kFirstStartUnset);
@@ -158,8 +167,10 @@ TEST_F(StartupTest, VersionTelescopeAndColours) {
   WriteHome(r);
   // An older version from before 6.11 marks the configuration to be saved.
   std::string bytes = SerializeHomeFile(r);
-  double older = 6.10;
-  std::memcpy(bytes.data() + 50, &older, sizeof older);
+  const double current = kHomeFileVersion, older = 6.10;
+  std::size_t at = bytes.find(std::string(reinterpret_cast<const char*>(&current), sizeof current));
+  ASSERT_NE(at, std::string::npos);
+  std::memcpy(bytes.data() + at, &older, sizeof older);
   std::ofstream(dir.path() + "/ASTEL.HOM", std::ios::binary) << bytes;
   ASSERT_EQ(Start(), kExitSuccess);
   EXPECT_TRUE(state.program.configChanged);
@@ -222,7 +233,8 @@ TEST_F(StartupTest, SaveLoadAndExitPrompts) {
   state.program.homeFileVersion = 6.1;
   dialogs.answers = {""};
   OfferSaveOnExit(state, dialogs);
-  EXPECT_EQ(dialogs.prompts.back(), "ASTEL has been updated, \n\rOld Location File Should be Saved.");
+  EXPECT_EQ(dialogs.prompts.back(),
+            "ASTEL has been updated, \n\rOld Location File Should be Saved.");
 }
 
 }  // namespace

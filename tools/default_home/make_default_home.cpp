@@ -14,7 +14,7 @@ int main(int argc, char** argv) {
   }
   astel::HomeFileRecord r;
   r.homeLatitude = (51 + 28.6 / 60) / astel::kDegreesPerRadianExact;  // 51 28.6' N
-  r.homeLongitude = 0;                                               // the prime meridian
+  r.homeLongitude = 0;                                                // the prime meridian
   r.gmtOffset = 0;
   r.useStoredGmtOffset = false;
   r.scopeCode = 10000;  // no GoTo telescope
