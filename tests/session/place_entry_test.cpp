@@ -1,0 +1,143 @@
+#include "session/place_entry.h"
+
+#include <gtest/gtest.h>
+
+#include "session/display_format.h"
+#include "tests/session/session_fixture.h"
+
+namespace astel {
+namespace {
+
+using PlaceEntryTest = testing::StartedProgram;
+
+PlaceForm Form(std::string latD, std::string latM, char ns, std::string lonD, std::string lonM,
+               char ew) {
+  PlaceForm f;
+  f.latitudeDegrees = std::move(latD);
+  f.latitudeMinutes = std::move(latM);
+  f.north = ns == 'N' || ns == '2';
+  f.south = ns == 'S' || ns == '2';
+  f.longitudeDegrees = std::move(lonD);
+  f.longitudeMinutes = std::move(lonM);
+  f.east = ew == 'E' || ew == '2';
+  f.west = ew == 'W' || ew == '2';
+  return f;
+}
+
+TEST(PlaceFormCheck, FirstFaultIsReported) {
+  struct Case {
+    const char* legend;
+    PlaceForm form;
+    const char* message;
+  } cases[] = {
+      {"a good place", Form("48", "7.5", 'N', "2", "20", 'E'), ""},
+      {"the limits themselves", Form("89", "59.999", 'S', "179", "0", 'W'), ""},
+      {"latitude 90", Form("90", "0", 'N', "2", "0", 'E'),
+       "Degrees of latitude must be between 0 and 89"},
+      {"negative latitude degrees", Form("-5", "0", 'N', "2", "0", 'E'),
+       "Degrees of latitude must be between 0 and 89"},
+      {"no latitude at all", Form("", "0", 'N', "2", "0", 'E'),
+       "Degrees of latitude must be between 0 and 89"},
+      {"fractional degrees", Form("48.5", "0", 'N', "2", "0", 'E'),
+       "Enter Whole Number of Degrees Only"},
+      {"latitude minutes 60", Form("48", "60", 'N', "2", "0", 'E'),
+       "Minutes of latitude must be between 0 and 59.999, decimals OK"},
+      {"no hemisphere", Form("48", "0", '-', "2", "0", 'E'), "Select 'North' or 'South'"},
+      {"both hemispheres", Form("48", "0", '2', "2", "0", 'E'), "Select 'North' or 'South'"},
+      {"longitude 180", Form("48", "0", 'N', "180", "0", 'E'),
+       "Degrees of longitude must be between 0 and 179"},
+      {"fractional longitude", Form("48", "0", 'N', "2.25", "0", 'E'),
+       "Enter Whole Number of Degrees Only"},
+      {"longitude minutes blank", Form("48", "0", 'N', "2", "x", 'E'),
+       "Minutes of longitude must be between 0 and 59.999, decimals OK"},
+      {"no side", Form("48", "0", 'N', "2", "0", '-'), "Select 'East' or 'West'"},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(CheckPlaceForm(c.form), c.message) << c.legend;
+  }
+}
+
+TEST_F(PlaceEntryTest, ApplyingAPlaceSetsRadiansDerivedFieldsAndDateOrder) {
+  const double lstBefore = state.time.localSiderealTime;
+  ASSERT_FALSE(state.program.configChanged);
+  ASSERT_TRUE(ApplyPlaceForm(state, dialogs, Form("40", "45.5", 'N', "73", "58.25", 'W')));
+  EXPECT_NEAR(state.place.homeLatitude * kDegreesPerRadianExact, 40 + 45.5 / 60, 1e-9);
+  EXPECT_NEAR(state.place.homeLongitude * kDegreesPerRadianExact, 73 + 58.25 / 60, 1e-9);
+  EXPECT_EQ(state.place.latitudeDegrees, 40);
+  EXPECT_NEAR(state.place.longitudeMinutes, 58.25, 1e-6);
+  EXPECT_TRUE(state.place.usDateOrder) << "New York writes month-day-year";
+  EXPECT_TRUE(state.program.configChanged);
+  EXPECT_FALSE(state.time.riseSetCurrent);
+  // 74 degrees west is almost five hours of sidereal time earlier.
+  double shift = lstBefore - state.time.localSiderealTime;
+  if (shift < 0) shift += 24;
+  EXPECT_NEAR(shift, (73 + 58.25 / 60) / 15, 1e-6);
+  EXPECT_TRUE(dialogs.messages.empty());
+
+  // South of the equator by half a degree, east of Greenwich: the sign of -0 degrees survives.
+  ASSERT_TRUE(ApplyPlaceForm(state, dialogs, Form("0", "30", 'S', "0", "15", 'E')));
+  EXPECT_EQ(state.place.latitudeDegrees, 0);
+  EXPECT_EQ(state.place.latitudeSign, -1);
+  EXPECT_EQ(state.place.latitudeSignText, "-");
+  EXPECT_EQ(state.place.longitudeSignText, "-");
+  EXPECT_FALSE(state.place.usDateOrder);
+  EXPECT_EQ(LatitudeCaption(state.place),
+            "Lat  00\xB0"
+            "30.0' S");
+  EXPECT_EQ(LongitudeCaption(state.place),
+            "Long 000\xB0"
+            "15.0' E");
+
+  // The form offered next time shows what was set.
+  const PlaceForm again = PlaceFormFromState(state.place);
+  EXPECT_EQ(again.latitudeDegrees, "0");
+  EXPECT_EQ(again.latitudeMinutes, "30.000");
+  EXPECT_TRUE(again.south);
+  EXPECT_FALSE(again.north);
+  EXPECT_TRUE(again.east);
+  EXPECT_EQ(again.longitudeMinutes, "15.000");
+}
+
+TEST_F(PlaceEntryTest, ARefusedFormChangesNothing) {
+  const PlaceState before = state.place;
+  EXPECT_FALSE(ApplyPlaceForm(state, dialogs, Form("48", "61", 'N', "2", "0", 'E')));
+  EXPECT_EQ(dialogs.messages, std::vector<std::string>{
+                                  "Minutes of latitude must be between 0 and 59.999, decimals OK"});
+  EXPECT_EQ(state.place.homeLatitude, before.homeLatitude);
+  EXPECT_FALSE(state.program.configChanged);
+}
+
+TEST_F(PlaceEntryTest, TimeZoneStoredOrFollowingTheComputer) {
+  dialogs.answers = {"15", "abc", "5"};
+  TimeZoneClick(state, dialogs, clock);
+  EXPECT_EQ(dialogs.prompts.front(), kTimeZonePrompt);
+  EXPECT_EQ(dialogs.titles.front(), kTimeZoneTitle);
+  EXPECT_EQ(dialogs.defaults.front(), "PC") << "the computer's zone is followed at first";
+  EXPECT_EQ(dialogs.messages,
+            (std::vector<std::string>{kTimeZoneRangeMessage, kTimeZoneRangeMessage}));
+  EXPECT_TRUE(state.place.useStoredGmtOffset);
+  EXPECT_DOUBLE_EQ(state.place.gmtOffset, 5);
+  EXPECT_TRUE(state.program.configChanged);
+  logic.Load();
+  EXPECT_EQ(logic.Display().gmt, "GMT 02:30:05 +1 day  (offset 5 h)");
+
+  // Cancel keeps it; the next question offers the stored value.
+  dialogs.answers = {""};
+  TimeZoneClick(state, dialogs, clock);
+  EXPECT_EQ(dialogs.defaults.back(), "5");
+  EXPECT_DOUBLE_EQ(state.place.gmtOffset, 5);
+
+  clock.zone = {-60, -120, true};
+  dialogs.answers = {"pc"};
+  TimeZoneClick(state, dialogs, clock);
+  EXPECT_FALSE(state.place.useStoredGmtOffset);
+  EXPECT_DOUBLE_EQ(state.place.gmtOffset, -2);
+  EXPECT_DOUBLE_EQ(state.place.zoneBiasHours, -1);
+
+  dialogs.answers = {"-5.5"};
+  TimeZoneClick(state, dialogs, clock);
+  EXPECT_DOUBLE_EQ(state.place.gmtOffset, -5.5);
+}
+
+}  // namespace
+}  // namespace astel
