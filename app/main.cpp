@@ -13,6 +13,9 @@
 #include "core/install_dir.h"
 #include "core/system_ports.h"
 #include "session/startup.h"
+#ifdef ASTEL_WITH_UI
+#include "ui/gui_app.h"
+#endif
 
 #ifndef ASTEL_INSTALLED_DATA_DIR
 #define ASTEL_INSTALLED_DATA_DIR "/usr/local/share/astel"
@@ -36,8 +39,8 @@ void PrintHelp() {
       << "Usage: astel ['SCRIPT']\n"
          "       astel --help | --version\n\n"
          "ASTEL+S, an observing assistant that also drives GoTo telescopes.\n"
-         "Without a script the main window opens. A script is up to 25 commands separated by\n"
-         "';', run one per 0.9 s, for example:\n"
+         "Without a script the main window opens (on a display). A script is up to 25\n"
+         "commands separated by ';', run one per 0.9 s, for example:\n"
          "  astel 'CAT=FULL.OBC;FIND=M57;GOTO=1'\n"
          "Without a display (or with ASTEL_HEADLESS=1) a script runs without windows, its\n"
          "messages on standard error.\n\n"
@@ -75,6 +78,14 @@ int main(int argc, char** argv) {
                                 {exeDir + "/../share/astel", ASTEL_INSTALLED_DATA_DIR}});
   if (!installDir.error.empty()) std::cerr << "astel: " << installDir.error << "\n";
 
+  astel::StartupInputs inputs{installDir.dir, Env("PATH"), commandLine, executable,
+                              astel::FindDesktopDir()};
+#ifdef ASTEL_WITH_UI
+  const bool display = !Env("DISPLAY").empty() || !Env("WAYLAND_DISPLAY").empty();
+  const bool scriptWithoutWindows = !commandLine.empty() && Env("ASTEL_HEADLESS") == "1";
+  if (display && !scriptWithoutWindows) return astel::ui::RunGui(argc, argv, inputs);
+#endif
+
   astel::SharedState state;
   astel::SystemClock clock;
   astel::SystemShell shell;
@@ -82,8 +93,6 @@ int main(int argc, char** argv) {
   astel::HeadlessEvents events;
   astel::NullClipboard clipboard;
   astel::NullWindows windows;
-  astel::StartupInputs inputs{installDir.dir, Env("PATH"), commandLine, executable,
-                              astel::FindDesktopDir()};
   if (int failed = astel::Startup(state, inputs, dialogs, clock, windows)) return failed;
 
   astel::Ports ports{dialogs, clock, events, shell, clipboard};

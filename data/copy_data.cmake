@@ -1,3 +1,5 @@
+string(REPLACE "|" ";" REFRESH "${REFRESH}")
+string(REPLACE "|" ";" KEEP "${KEEP}")
 foreach(f ${REFRESH})
   file(COPY ${f} DESTINATION ${DEST})
 endforeach()

@@ -1,0 +1,48 @@
+// CatalogSelect: the current catalog chosen from the file system, the default catalog, or a new
+// catalog file.
+#pragma once
+
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <functional>
+
+#include "ui/gui_context.h"
+
+namespace astel::ui {
+
+class CatalogSelectDialog : public QDialog {
+  Q_OBJECT
+ public:
+  CatalogSelectDialog(GuiContext& context, QWidget* parent);
+
+  // Set by the owner of the catalog logic; each returns true when the window may close.
+  std::function<bool(const std::string& directory, const std::string& fileName)> onFileChosen;
+  std::function<bool(const std::string& directory)> onDefaultCatalog;
+  std::function<bool(const std::string& directory)> onNewCatalog;
+
+  void setDefaultCatalogButton(bool enabled, const std::string& toolTip);
+  // The folder shown in Dir1 and File1, ending in "/".
+  std::string directory() const;
+  void setDirectory(const QString& path);
+
+  QComboBox* drives() const { return drive1_; }
+  QListWidget* directories() const { return dir1_; }
+  QListWidget* files() const { return file1_; }
+  QPushButton* defaultCatalogButton() const { return defaultCat_; }
+  QPushButton* newCatalogButton() const { return newCatalog_; }
+
+ private:
+  GuiContext& context_;
+  QString directory_;
+  QComboBox* drive1_;
+  QLabel* path_;
+  QListWidget* dir1_;
+  QListWidget* file1_;
+  QPushButton* defaultCat_;
+  QPushButton* newCatalog_;
+};
+
+}  // namespace astel::ui
