@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QMouseEvent>
+#include <utility>
 
 namespace astel::ui {
 
@@ -17,15 +18,24 @@ class ClickableLabel : public QLabel {
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+    // The release that ends a double-click is part of it, not a click of its own.
+    const bool endsDoubleClick = std::exchange(inDoubleClick_, false);
+    if (event->button() == Qt::LeftButton && !endsDoubleClick &&
+        rect().contains(event->position().toPoint())) {
       emit clicked();
     }
     QLabel::mouseReleaseEvent(event);
   }
   void mouseDoubleClickEvent(QMouseEvent* event) override {
-    if (event->button() == Qt::LeftButton) emit doubleClicked();
+    if (event->button() == Qt::LeftButton) {
+      inDoubleClick_ = true;
+      emit doubleClicked();
+    }
     QLabel::mouseDoubleClickEvent(event);
   }
+
+ private:
+  bool inDoubleClick_ = false;
 };
 
 }  // namespace astel::ui

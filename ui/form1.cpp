@@ -393,7 +393,8 @@ void Form1::Refresh() {
   status_->setText(FromLatin1(d.status));
   ApplyColours(d);
 
-  if (!d.timer1Enabled) {
+  // The live flag, not the copy of the last load: a chain may have stopped the timer since.
+  if (!context_.state.form.timer1Enabled) {
     timer1_->stop();
   } else if (!timer1_->isActive()) {
     timer1_->start();
