@@ -81,7 +81,9 @@ int main(int argc, char** argv) {
   astel::StartupInputs inputs{installDir.dir, Env("PATH"), commandLine, executable,
                               astel::FindDesktopDir()};
 #ifdef ASTEL_WITH_UI
-  const bool display = !Env("DISPLAY").empty() || !Env("WAYLAND_DISPLAY").empty();
+  // A Qt platform named explicitly (offscreen, vnc) counts as a display too.
+  const bool display = !Env("DISPLAY").empty() || !Env("WAYLAND_DISPLAY").empty() ||
+                       !Env("QT_QPA_PLATFORM").empty();
   const bool scriptWithoutWindows = !commandLine.empty() && Env("ASTEL_HEADLESS") == "1";
   if (display && !scriptWithoutWindows) return astel::ui::RunGui(argc, argv, inputs);
 #endif
