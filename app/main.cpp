@@ -82,8 +82,8 @@ int main(int argc, char** argv) {
                               astel::FindDesktopDir()};
 #ifdef ASTEL_WITH_UI
   // A Qt platform named explicitly (offscreen, vnc) counts as a display too.
-  const bool display = !Env("DISPLAY").empty() || !Env("WAYLAND_DISPLAY").empty() ||
-                       !Env("QT_QPA_PLATFORM").empty();
+  const bool display =
+      !Env("DISPLAY").empty() || !Env("WAYLAND_DISPLAY").empty() || !Env("QT_QPA_PLATFORM").empty();
   const bool scriptWithoutWindows = !commandLine.empty() && Env("ASTEL_HEADLESS") == "1";
   if (display && !scriptWithoutWindows) return astel::ui::RunGui(argc, argv, inputs);
 #endif

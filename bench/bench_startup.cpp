@@ -64,7 +64,8 @@ void BM_StartupAndFormToFirstPaint(benchmark::State& bench) {
     bool painted = false;
     form.onFirstPaint = [&painted] { painted = true; };
     form.show();
-    while (!painted) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    while (!painted)
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
     bench.PauseTiming();
     form.close();
     bench.ResumeTiming();
@@ -75,12 +76,14 @@ BENCHMARK(BM_StartupAndFormToFirstPaint)->Unit(benchmark::kMillisecond)->Iterati
 
 void BM_ProgramToFirstPaint(benchmark::State& bench) {
   std::vector<std::string> env;
-  for (char** e = environ; *e; ++e) env.emplace_back(*e);
+  for (char** e = environ; *e; ++e)
+    env.emplace_back(*e);
   env.emplace_back("QT_QPA_PLATFORM=offscreen");
   env.emplace_back("ASTEL_EXIT_AFTER_PAINT=1");
   env.emplace_back(std::string("ASTEL_HOME=") + ASTEL_BUILD_DIR);
   std::vector<char*> envp;
-  for (std::string& e : env) envp.push_back(e.data());
+  for (std::string& e : env)
+    envp.push_back(e.data());
   envp.push_back(nullptr);
   std::string program = ASTEL_PROGRAM;
   char* argv[] = {program.data(), nullptr};
