@@ -176,6 +176,7 @@ bool Scan(SharedState& state, CatalogPorts& ports) {
   std::string record;
   for (;;) {
     while (!q.endOfCatalog) {
+      ++q.recordsRead;
       if (!q.transientCatalog && ++q.progressCounter >= kProgressEvery) {
         q.progressCounter = 0;
         ShowProgress(state, ports);
@@ -189,7 +190,6 @@ bool Scan(SharedState& state, CatalogPorts& ports) {
         q.endOfCatalog = true;
         break;
       }
-      ++q.recordsRead;
       if (TestRecord(c, record)) {
         q.foundState = 1;
         if (!q.savingMatches) {
