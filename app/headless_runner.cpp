@@ -1,0 +1,48 @@
+#include "app/headless_runner.h"
+
+#include <ostream>
+
+#include "session/main_window.h"
+#include "session/startup.h"
+
+namespace astel {
+
+namespace {
+
+std::string ToUtf8(const std::string& latin1) {
+  std::string out;
+  for (unsigned char c : latin1) {
+    if (c < 0x80) {
+      out += static_cast<char>(c);
+    } else {
+      out += static_cast<char>(0xC0 | (c >> 6));
+      out += static_cast<char>(0x80 | (c & 0x3F));
+    }
+  }
+  return out;
+}
+
+void PrintDisplay(const MainDisplay& d, std::ostream& out) {
+  out << ToUtf8(d.label1) << "\n"
+      << ToUtf8(d.date) << "  " << ToUtf8(d.time) << "  " << ToUtf8(d.gmt) << "\n"
+      << ToUtf8(d.siderealTime) << "  " << ToUtf8(d.latitude) << "  " << ToUtf8(d.longitude) << "\n"
+      << "Catalog " << ToUtf8(d.catalog) << "  " << ToUtf8(d.scopeType) << "\n";
+  if (!d.name1.empty()) {
+    out << ToUtf8(d.name1) << " " << ToUtf8(d.name2) << " " << ToUtf8(d.name3) << "\n"
+        << ToUtf8(d.rightAsc) << "  " << ToUtf8(d.declination) << "  " << ToUtf8(d.altitude) << "  "
+        << ToUtf8(d.azimuth) << "\n"
+        << ToUtf8(d.riseTime) << "  " << ToUtf8(d.transitTime) << "  " << ToUtf8(d.setTime) << "\n";
+  }
+  out << ToUtf8(d.general) << "\n";
+}
+
+}  // namespace
+
+int RunHeadless(SharedState& state, Ports& ports, std::ostream& out) {
+  MainWindowLogic window(state, ports.clock);
+  window.Tick();
+  PrintDisplay(window.Display(), out);
+  return kExitSuccess;
+}
+
+}  // namespace astel

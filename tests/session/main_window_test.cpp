@@ -1,0 +1,161 @@
+#include "session/main_window.h"
+
+#include <gtest/gtest.h>
+
+#include "astro/coordinates.h"
+#include "core/home_file.h"
+#include "core/location.h"
+#include "session/startup.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/scripted_dialogs.h"
+#include "tests/support/temp_dir.h"
+
+namespace astel {
+namespace {
+
+class NoWindows : public Windows {
+ public:
+  void OpenScopeSelection() override {}
+};
+
+class MainWindowTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    HomeFileRecord r;
+    r.homeLatitude = (51 + 28.6 / 60) / kDegreesPerRadianExact;
+    r.scopeCode = 10000;
+    r.firstStartDate = 2461000.5;
+    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", r), "");
+    clock.now = {2026, 11, 22, 21, 30, 5};
+    StartupInputs in{dir.path(), "", "", "", ""};
+    ASSERT_EQ(Startup(state, in, dialogs, clock, windows), kExitSuccess);
+  }
+
+  testing::TempDir dir;
+  testing::FakeClock clock;
+  testing::ScriptedDialogs dialogs;
+  NoWindows windows;
+  SharedState state;
+  MainWindowLogic logic{state, clock};
+};
+
+TEST_F(MainWindowTest, PlaceAndTimeCaptions) {
+  logic.Tick();
+  const MainDisplay& d = logic.Display();
+  EXPECT_EQ(d.label1, "ASTEL+S  Version 6.12");
+  EXPECT_EQ(d.windowTitle.rfind("ASTEL+S - ", 0), 0u);
+  EXPECT_EQ(d.date, "22-11-2026");
+  EXPECT_EQ(d.time, "21:30:05 GMT");
+  EXPECT_EQ(d.gmt, "GMT 21:30:05  (offset 0 h)");
+  EXPECT_EQ(d.latitude,
+            "Lat  51\xB0"
+            "28.6' N");
+  EXPECT_EQ(d.longitude,
+            "Long 000\xB0"
+            "00.0' W");
+  EXPECT_EQ(d.scopeType, "Type 0  no GoTo scope");
+  EXPECT_EQ(d.catalog, "full.obc");
+  EXPECT_TRUE(d.bestOfEnabled);
+  EXPECT_FALSE(d.motorControlVisible);
+  EXPECT_TRUE(d.timer1Enabled);
+  // Greenwich mean sidereal time at 2026-11-22 21:30:05 UT is 01:37.7 (almanac); the program's
+  // day-count series gives 01:37.6.
+  EXPECT_EQ(d.siderealTime.substr(0, 14), "Sidereal 01:37");
+
+  state.place.usDateOrder = true;
+  clock.zone = {300, 300, false};
+  state.place.gmtOffset = 5;
+  state.place.zoneBiasHours = 5;
+  state.place.homeLongitude = -10.5 / kDegreesPerRadianExact;
+  state.place.homeLatitude = -0.5 / kDegreesPerRadianExact;
+  DeriveLocationFields(state.place);
+  logic.Tick();
+  EXPECT_EQ(d.date, "11-22-2026");
+  EXPECT_EQ(d.time, "21:30:05 EST");
+  EXPECT_EQ(d.gmt, "GMT 02:30:05 +1 day  (offset 5 h)");
+  EXPECT_EQ(d.latitude,
+            "Lat  00\xB0"
+            "30.0' S");
+  EXPECT_EQ(d.longitude,
+            "Long 010\xB0"
+            "30.0' E");
+}
+
+TEST_F(MainWindowTest, BestOfFollowsTheCatalogName) {
+  state.form.nextMatchCaption = "Next Best";
+  state.files.catalogFileName = "FULL.OBC";
+  logic.Load();
+  EXPECT_TRUE(logic.Display().bestOfEnabled);
+  EXPECT_EQ(logic.Display().nextMatchCaption, "Next Best");
+  state.files.catalogFileName = "full.obc";  // the case must match
+  logic.Load();
+  EXPECT_FALSE(logic.Display().bestOfEnabled);
+  EXPECT_EQ(logic.Display().bestOfToolTip,
+            "This button is only valid when the default FULL catalog is used ");
+  EXPECT_EQ(logic.Display().nextMatchCaption, "Next Match");
+}
+
+TEST_F(MainWindowTest, ShownObjectCaptionsAndRiseSetOncePerMinute) {
+  logic.Tick();
+  EXPECT_EQ(logic.Display().rightAsc, "RA");
+  state.object.Name1 = "M31         ";
+  state.object.objRaHours = 0;
+  state.object.objRaMinutes = 42.74;
+  state.object.objDecDegrees = 41;
+  state.object.objDecMinutes = 15.996;
+  state.object.objDecSign = 1;
+  state.object.magnitudeText = "    3.44";
+  state.time.riseSetCurrent = false;
+  logic.Tick();
+  const MainDisplay& d = logic.Display();
+  EXPECT_EQ(d.rightAsc, "RA  00h 42.7m");
+  EXPECT_EQ(d.declination, "Dec +41\xB0 16'");
+  EXPECT_EQ(d.magnitude, "Mag 3.44");
+  EXPECT_EQ(d.riseTime, "RiseTime = Always Up");  // 41 degrees north from 51.5 north
+  EXPECT_EQ(d.altitude,
+            "Alt " + state.object.altitudeDegText + "\xB0" + state.object.altitudeMinText + "'");
+
+  // Rise and set are recomputed when a new minute starts, not on every tick.
+  state.object.riseText = "stale";
+  clock.now.second = 6;
+  logic.Tick();
+  EXPECT_EQ(state.object.riseText, "stale");
+  clock.now.minute = 31;
+  clock.now.second = 0;
+  logic.Tick();
+  EXPECT_EQ(state.object.riseText, "Always Up");
+
+  state.object.objDecDegrees = 0;
+  state.object.objDecMinutes = 30;
+  state.object.objDecSign = -1;
+  logic.Load();
+  EXPECT_EQ(d.declination, "Dec -00\xB0 30'");
+}
+
+TEST_F(MainWindowTest, SolarSystemBodiesAndBackToRealTime) {
+  logic.SelectSolarSystemBody(3);
+  const MainDisplay& d = logic.Display();
+  EXPECT_EQ(state.object.objectKind, 3);
+  EXPECT_EQ(d.name1, "Moon");
+  EXPECT_EQ(d.name2.size(), 8u) << "the phase label";
+  EXPECT_EQ(d.name3.size(), 12u) << "the elongation label";
+  EXPECT_EQ(d.list1Index, 3);
+  EXPECT_EQ(state.search.foundState, 1);
+  EXPECT_NE(d.riseTime, "RiseTime = ");
+
+  // A fictitious moment, then back to the clock and the computer's zone.
+  state.time.realTimeMode = false;
+  state.time.year = 2030;
+  clock.zone = {-60, -60, false};
+  logic.Tick();
+  EXPECT_EQ(logic.Display().date, "22-11-2030");
+  logic.BackToRealTime();
+  EXPECT_TRUE(state.time.realTimeMode);
+  EXPECT_EQ(logic.Display().date, "22-11-2026");
+  EXPECT_DOUBLE_EQ(state.place.gmtOffset, -1);
+  EXPECT_EQ(state.object.objectKind, 3);
+  EXPECT_EQ(logic.Display().name1, "Moon");
+}
+
+}  // namespace
+}  // namespace astel
