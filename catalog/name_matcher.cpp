@@ -69,6 +69,15 @@ std::string RebuildSearchText(std::string_view text) {
 int MatchNameField(std::string_view record, std::size_t column, std::size_t width,
                    std::string_view upperText, bool keepMarks) {
   if (upperText.empty()) return 0;
+  // Most records fail on their first character: look at it before building the name.
+  const char first = upperText[0];
+  if (first != '*' && first != ' ') {
+    const std::size_t end = std::min(record.size(), column + std::min(width, kLongNameWidth));
+    std::size_t i = column;
+    while (i < end && (record[i] == ' ' || (!keepMarks && IsBestOfSkyMark(record[i]))))
+      ++i;
+    if (i >= end || UpperLatin1(record[i]) != first) return 0;
+  }
   const FieldName n = ExtractName(record, column, width, keepMarks);
   if (n.size == 0) return 0;  // an empty name never matches
   return MatchFrom(n, 0, upperText, 0, 0, false);

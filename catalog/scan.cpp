@@ -33,8 +33,13 @@ bool OpenAtFirstRecord(CatalogReader& reader, const std::string& path) {
 }
 
 void AddToHistory(SearchState& q, std::string_view record) {
-  if (q.matchHistory.size() <= static_cast<std::size_t>(q.matchCount))
+  if (q.matchHistory.size() <= static_cast<std::size_t>(q.matchCount)) {
+    // The history grows 25 entries at a time; the storage beneath it doubles, so that saving
+    // the matches of a whole catalog does not move every entry again for each step.
+    if (q.matchHistory.capacity() < q.matchHistory.size() + kHistoryStep)
+      q.matchHistory.reserve(2 * q.matchHistory.capacity() + kHistoryStep);
     q.matchHistory.resize(q.matchHistory.size() + kHistoryStep);
+  }
   q.matchHistory[static_cast<std::size_t>(q.matchCount)] = FitRecord(record);
   q.matchIndex = q.matchCount;
   ++q.matchCount;
