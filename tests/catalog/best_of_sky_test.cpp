@@ -14,8 +14,8 @@ namespace {
 class BestOfSkyTest : public SearchTest {
  protected:
   void UseFull(const std::vector<std::string>& records) {
-    WriteCatalog(dir.File("FULL.OBC"), records);
-    ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "FULL.OBC"));
+    WriteCatalog(File(dir, "FULL.OBC"), records);
+    ASSERT_TRUE(OpenCatalog(state, Dir(dir), "FULL.OBC"));
   }
   std::vector<std::string> Suggestions() {
     std::vector<std::string> shown;
@@ -116,8 +116,8 @@ TEST_F(BestOfSkyTest, OnlyTheDefaultCatalogOffersIt) {
     bool available;
   } rows[] = {{"FULL.OBC", true}, {"full.obc", true}, {"FULLER.OBC", false}, {"MY.OBC", false}};
   for (const Row& r : rows) {
-    WriteCatalog(dir.File(r.name), {});
-    ASSERT_TRUE(OpenCatalog(state, dir.Dir(), r.name));
+    WriteCatalog(File(dir, r.name), {});
+    ASSERT_TRUE(OpenCatalog(state, Dir(dir), r.name));
     EXPECT_EQ(state.form.bestOfEnabled, r.available) << r.name;
     EXPECT_EQ(state.form.bestOfToolTip,
               r.available

@@ -1,6 +1,5 @@
-// Scripted doubles of the ports the catalog code talks to. The dialogs answer input boxes from a
-// queue, in order, and record every prompt, title and message they were shown. (A shared set of
-// port doubles for all test folders is on its way; these are the catalog's own until then.)
+// Doubles of the ports the catalog code talks to, beside the shared scripted dialogs: events with
+// a hook for Cancel, the Searching window, the shell and the telescope read-back.
 #pragma once
 
 #include <deque>
@@ -10,48 +9,9 @@
 
 #include "catalog/scope_read_back.h"
 #include "catalog/search_ports.h"
+#include "tests/support/scripted_dialogs.h"
 
 namespace astel::testing {
-
-class ScriptedDialogs : public Dialogs {
- public:
-  struct Prompt {
-    std::string prompt, title, defaultAnswer;
-  };
-  std::deque<std::string> answers;  // input boxes take these in order; "" (Cancel) when empty
-  std::deque<bool> yesNoAnswers;    // false when empty
-  std::vector<Prompt> prompts;
-  std::vector<std::string> messages;
-  std::vector<std::string> questions;  // YesNo and OkCancel texts
-
-  std::string InputBox(const std::string& prompt, const std::string& title,
-                       const std::string& defaultAnswer) override {
-    prompts.push_back({prompt, title, defaultAnswer});
-    if (answers.empty()) return "";
-    std::string a = answers.front();
-    answers.pop_front();
-    return a;
-  }
-  void MessageBox(const std::string& text, const std::string&) override {
-    messages.push_back(text);
-  }
-  bool YesNo(const std::string& text, const std::string&) override {
-    questions.push_back(text);
-    if (yesNoAnswers.empty()) return false;
-    const bool a = yesNoAnswers.front();
-    yesNoAnswers.pop_front();
-    return a;
-  }
-  bool OkCancel(const std::string& text, const std::string& title) override {
-    return YesNo(text, title);
-  }
-  std::vector<std::string> Titles() const {
-    std::vector<std::string> t;
-    for (const Prompt& p : prompts)
-      t.push_back(p.title);
-    return t;
-  }
-};
 
 // DoEvents runs an optional hook: that is where a test "clicks" Cancel.
 class FakeEvents : public Events {

@@ -12,29 +12,17 @@
 
 #include "catalog/catalog_record.h"
 #include "core/text_format.h"
+#include "tests/support/temp_dir.h"
 
 namespace astel::testing {
 
-// A fresh folder under the system's temporary directory, removed with everything in it.
-class TempDir {
- public:
-  TempDir() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "astel_catXXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
-  }
-  ~TempDir() {
-    std::error_code ec;
-    std::filesystem::remove_all(path_, ec);
-  }
-  TempDir(const TempDir&) = delete;
-  TempDir& operator=(const TempDir&) = delete;
-  // The folder with a trailing "/", as installDir and catalogDirectory hold it.
-  std::string Dir() const { return path_ + "/"; }
-  std::string File(const std::string& name) const { return path_ + "/" + name; }
-
- private:
-  std::string path_;
-};
+// The folder with a trailing "/", as installDir and catalogDirectory hold it, and a file in it.
+inline std::string Dir(const TempDir& dir) {
+  return dir.path() + "/";
+}
+inline std::string File(const TempDir& dir, const std::string& name) {
+  return dir.path() + "/" + name;
+}
 
 inline void WriteFile(const std::string& path, const std::string& text) {
   std::ofstream(path, std::ios::binary) << text;

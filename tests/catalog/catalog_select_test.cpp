@@ -14,12 +14,12 @@ namespace {
 using CatalogSelectTest = SearchTest;
 
 TEST_F(CatalogSelectTest, OpeningSetsTheMainWindowTexts) {
-  WriteCatalog(dir.File("Messier_And_Caldwell_Objects.obc"), {Rec("M1", 5.5, 22)}, 'L');
+  WriteCatalog(File(dir, "Messier_And_Caldwell_Objects.obc"), {Rec("M1", 5.5, 22)}, 'L');
   state.form.searchButtonsEnabled = false;
   state.form.simpleSearchCaption = "Load Position";
   state.search.catalogOpen = true;
-  ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "Messier_And_Caldwell_Objects.obc"));
-  EXPECT_EQ(state.form.catalogPath, "Catalog = " + dir.File("Messier_And_Caldwell_Objects.obc"));
+  ASSERT_TRUE(OpenCatalog(state, Dir(dir), "Messier_And_Caldwell_Objects.obc"));
+  EXPECT_EQ(state.form.catalogPath, "Catalog = " + File(dir, "Messier_And_Caldwell_Objects.obc"));
   EXPECT_EQ(state.form.catalogLabel, "messier_and_caldwell_o");
   EXPECT_EQ(state.form.catalogNote, kLongNameCaption);
   EXPECT_TRUE(state.form.searchButtonsEnabled);
@@ -30,17 +30,17 @@ TEST_F(CatalogSelectTest, OpeningSetsTheMainWindowTexts) {
   EXPECT_EQ(state.files.catalogFileName, "Messier_And_Caldwell_Objects.obc");
 
   // The directory without its slash gets one in the path.
-  std::string bare = dir.Dir();
+  std::string bare = Dir(dir);
   bare.pop_back();
   ASSERT_TRUE(OpenCatalog(state, bare, "Messier_And_Caldwell_Objects.obc"));
-  EXPECT_EQ(state.form.catalogPath, "Catalog = " + dir.File("Messier_And_Caldwell_Objects.obc"));
+  EXPECT_EQ(state.form.catalogPath, "Catalog = " + File(dir, "Messier_And_Caldwell_Objects.obc"));
 }
 
 TEST_F(CatalogSelectTest, ATransientCatalogLeavesTheSearchButtons) {
-  WriteCatalog(dir.File("COMET.OBC"), {}, 'T');
+  WriteCatalog(File(dir, "COMET.OBC"), {}, 'T');
   state.form.searchButtonsEnabled = false;
   state.form.simpleSearchCaption = "Load Position";
-  ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "COMET.OBC"));
+  ASSERT_TRUE(OpenCatalog(state, Dir(dir), "COMET.OBC"));
   EXPECT_FALSE(state.form.searchButtonsEnabled);
   EXPECT_EQ(state.form.simpleSearchCaption, "Load Position");
   EXPECT_EQ(state.form.catalogNote, kTransientCaption);
@@ -51,24 +51,24 @@ TEST_F(CatalogSelectTest, ATransientCatalogLeavesTheSearchButtons) {
 TEST_F(CatalogSelectTest, UnreadableCatalogChangesNothing) {
   UseCatalog({Rec("M1", 5.5, 22)});
   const SearchState before = state.search;
-  EXPECT_FALSE(OpenCatalog(state, dir.Dir(), "NONE.OBC"));
-  EXPECT_FALSE(OpenCatalog(state, dir.Dir(), ""));
-  std::filesystem::create_directory(dir.File("ADIR.OBC"));
-  EXPECT_FALSE(OpenCatalog(state, dir.Dir(), "ADIR.OBC")) << "a folder is no catalog";
+  EXPECT_FALSE(OpenCatalog(state, Dir(dir), "NONE.OBC"));
+  EXPECT_FALSE(OpenCatalog(state, Dir(dir), ""));
+  std::filesystem::create_directory(File(dir, "ADIR.OBC"));
+  EXPECT_FALSE(OpenCatalog(state, Dir(dir), "ADIR.OBC")) << "a folder is no catalog";
   EXPECT_EQ(state.files.catalogFileName, "TEST.OBC");
   EXPECT_EQ(state.search.catalogDescription, before.catalogDescription);
 
-  EXPECT_FALSE(SelectCatalogFile(state, rig.dialogs, dir.Dir(), "NONE.OBC"));
+  EXPECT_FALSE(SelectCatalogFile(state, rig.dialogs, Dir(dir), "NONE.OBC"));
   EXPECT_EQ(rig.dialogs.messages, std::vector<std::string>{"Cannot Open Catalog NONE.OBC"});
 }
 
 TEST_F(CatalogSelectTest, DefaultCatalogButton) {
-  WriteCatalog(dir.File("FULL.OBC"), {});
+  WriteCatalog(File(dir, "FULL.OBC"), {});
   UseCatalog({});
   DefaultCatalogButton b = DefaultCatalogButtonState(state);
   EXPECT_TRUE(b.enabled);
   EXPECT_EQ(b.toolTip, "Click to return to default catalog 'full.obc'");
-  ASSERT_TRUE(OpenDefaultCatalog(state, rig.dialogs, dir.Dir()));
+  ASSERT_TRUE(OpenDefaultCatalog(state, rig.dialogs, Dir(dir)));
   EXPECT_EQ(state.files.catalogFileName, "FULL.OBC");
   b = DefaultCatalogButtonState(state);
   EXPECT_FALSE(b.enabled);
@@ -90,39 +90,39 @@ TEST(CatalogExtension, NewNamesEndInObc) {
 TEST_F(CatalogSelectTest, NewCatalogAsksNameAndEpochThenWritesItsHeader) {
   UseCatalog({});
   rig.dialogs.answers = {"mystars.txt", "1850", "2101", "abc", "2026"};
-  ASSERT_TRUE(NewCatalog(state, rig.dialogs, dir.Dir()));
+  ASSERT_TRUE(NewCatalog(state, rig.dialogs, Dir(dir)));
   const std::vector<std::string> titles = {"Create New Catalog File", "Catalog Epoch",
                                            "Set Catalog Epoch", "Set Catalog Epoch",
                                            "Set Catalog Epoch"};
-  EXPECT_EQ(rig.dialogs.Titles(), titles);
-  EXPECT_EQ(rig.dialogs.prompts[0].prompt,
+  EXPECT_EQ(rig.dialogs.titles, titles);
+  EXPECT_EQ(rig.dialogs.prompts[0],
             "Enter new Catalog file name or click 'OK' to keep the old one");
-  EXPECT_EQ(rig.dialogs.prompts[0].defaultAnswer, "TEST.OBC");
-  EXPECT_EQ(rig.dialogs.prompts[1].prompt, "Specify Catalog Epoch (1900-2100)");
+  EXPECT_EQ(rig.dialogs.defaults[0], "TEST.OBC");
+  EXPECT_EQ(rig.dialogs.prompts[1], "Specify Catalog Epoch (1900-2100)");
   EXPECT_EQ(state.files.catalogFileName, "mystars.OBC");
-  const std::string text = ReadFile(dir.File("mystars.OBC"));
+  const std::string text = ReadFile(File(dir, "mystars.OBC"));
   ASSERT_EQ(Lines(text).size(), 1u);
   EXPECT_EQ(text.substr(8, 4), "2026") << "the epoch is the header's year";
   EXPECT_EQ(ParseHeader(text).year, 2026);
-  EXPECT_FALSE(std::filesystem::exists(dir.File("mystars.OBC.tmp")));
+  EXPECT_FALSE(std::filesystem::exists(File(dir, "mystars.OBC.tmp")));
 
   // The new catalog takes objects and finds them.
-  ASSERT_TRUE(AppendCatalogLine(dir.File("mystars.OBC"), Rec("Mine", 0, 10)));
+  ASSERT_TRUE(AppendCatalogLine(File(dir, "mystars.OBC"), Rec("Mine", 0, 10)));
   rig.dialogs.answers = {"Mine"};
   EXPECT_TRUE(SimpleSearch(state, rig.ports));
 }
 
 TEST_F(CatalogSelectTest, NewCatalogNeverOverwritesAndCancelsCleanly) {
   UseCatalog({Rec("M1", 5.5, 22)});
-  const std::string before = ReadFile(dir.File("TEST.OBC"));
+  const std::string before = ReadFile(File(dir, "TEST.OBC"));
   rig.dialogs.answers = {"TEST.OBC"};  // "OK to keep the old one"
-  ASSERT_TRUE(NewCatalog(state, rig.dialogs, dir.Dir()));
-  EXPECT_EQ(ReadFile(dir.File("TEST.OBC")), before);
+  ASSERT_TRUE(NewCatalog(state, rig.dialogs, Dir(dir)));
+  EXPECT_EQ(ReadFile(File(dir, "TEST.OBC")), before);
   EXPECT_EQ(rig.dialogs.prompts.size(), 1u) << "no epoch asked for an existing file";
 
   rig.dialogs.answers = {"other", ""};
-  EXPECT_FALSE(NewCatalog(state, rig.dialogs, dir.Dir()));
-  EXPECT_FALSE(std::filesystem::exists(dir.File("other.OBC")));
+  EXPECT_FALSE(NewCatalog(state, rig.dialogs, Dir(dir)));
+  EXPECT_FALSE(std::filesystem::exists(File(dir, "other.OBC")));
   EXPECT_EQ(state.files.catalogFileName, "TEST.OBC");
 }
 

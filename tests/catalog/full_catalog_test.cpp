@@ -4,13 +4,13 @@
 
 #include <filesystem>
 
-#include "../support/fake_clock.h"
 #include "astro/time_scales.h"
 #include "catalog/best_of_sky.h"
 #include "catalog/name_matcher.h"
 #include "catalog/planet_record.h"
 #include "core/location.h"
 #include "search_fixture.h"
+#include "tests/support/fake_clock.h"
 
 namespace astel::testing {
 namespace {
@@ -59,7 +59,7 @@ TEST_F(FullCatalogTest, ThePromptsExampleSearches) {
                                          << state.object.Name2 << "|" << state.object.Name3;
     EXPECT_TRUE(rig.dialogs.messages.empty()) << r.text;
   }
-  EXPECT_NE(rig.dialogs.prompts[0].prompt.find(
+  EXPECT_NE(rig.dialogs.prompts[0].find(
                 "\n (Example: M31, crab, Mizar, Virgo, galaxy, NGC 7009, Gam Per, IC 434, 61 Cyg, "
                 "HR 2491, Alp* Lib, etc.)"),
             std::string::npos);

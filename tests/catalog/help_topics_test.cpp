@@ -50,12 +50,12 @@ TEST(HelpTopics, QuotedTextsStandAsWritten) {
 TEST(HelpTopics, PagesAndDocumentation) {
   testing::TempDir dir;
   for (const char* name : {"ASTEL.HTM", "notes.html", "b.htm", "ASTEL.HOM", "x.htm.bak"})
-    testing::WriteFile(dir.File(name), "x");
-  EXPECT_EQ(HelpPages(dir.Dir()), (std::vector<std::string>{"ASTEL.HTM", "b.htm", "notes.html"}));
-  EXPECT_TRUE(HelpPages(dir.File("missing")).empty());
+    testing::WriteFile(File(dir, name), "x");
+  EXPECT_EQ(HelpPages(Dir(dir)), (std::vector<std::string>{"ASTEL.HTM", "b.htm", "notes.html"}));
+  EXPECT_TRUE(HelpPages(File(dir, "missing")).empty());
   SharedState s;
-  s.files.installDir = dir.Dir();
-  EXPECT_EQ(DocumentationAddress(s), dir.File("ASTEL.HTM"));
+  s.files.installDir = Dir(dir);
+  EXPECT_EQ(DocumentationAddress(s), File(dir, "ASTEL.HTM"));
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
   UseCatalog(records);
   rig.dialogs.answers = {"HD"};
   ASSERT_TRUE(SimpleSearch(state, rig.ports));
-  rig.dialogs.yesNoAnswers = {true};
+  rig.dialogs.choices = {true};
   WriteMatchButtonClick(state, rig.ports);
   EXPECT_TRUE(rig.dialogs.messages.empty()) << "saving shows no end-of-scan message";
   EXPECT_EQ(
@@ -102,7 +102,7 @@ TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
       std::vector<std::string>{"150 Matches written to 'matches.txt'. View list of matches?"});
   EXPECT_EQ(rig.window.captions.back(), "Saving Matches - line 1");
   EXPECT_EQ(rig.window.progress.front(), "Saving Matches - line 100");
-  EXPECT_EQ(rig.shell.opened, std::vector<std::string>{dir.File("MATCHES.TXT")});
+  EXPECT_EQ(rig.shell.opened, std::vector<std::string>{File(dir, "MATCHES.TXT")});
   EXPECT_EQ(Shown(), "HD 150") << "the last match is shown";
   EXPECT_EQ(state.form.writeMatchCaption, "View Matches");
   EXPECT_EQ(state.form.writeMatchToolTip, "View the list of 150 saved matches");

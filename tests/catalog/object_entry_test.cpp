@@ -51,6 +51,7 @@ TEST_F(ObjectEntryTest, CoordinatesChainRepeatsBadAnswersAndKeepsMinusZero) {
   EXPECT_EQ(state.object.Name1, "OLD") << "Cancel leaves the shown object";
 
   rig.dialogs.prompts.clear();
+  rig.dialogs.titles.clear();
   rig.dialogs.answers = {"24", "x",    "5",        "60", "30", "-91", "-0",
                          "30", "2000", "NGC 9999", "",   "",   ""};
   ASSERT_TRUE(Ok(EntryOption::kCoordinates, "MyNeb", "Second"));
@@ -67,11 +68,11 @@ TEST_F(ObjectEntryTest, CoordinatesChainRepeatsBadAnswersAndKeepsMinusZero) {
                                            "Fourth Name?",
                                            "Fifth Name?",
                                            "Object's magnitude?"};
-  EXPECT_EQ(rig.dialogs.Titles(), titles);
-  EXPECT_EQ(rig.dialogs.prompts[0].prompt, "Enter Hours of Right Ascension of object (0 to 23 )");
-  EXPECT_EQ(rig.dialogs.prompts[8].prompt, "Epoch of those Coordinates?");
-  EXPECT_EQ(rig.dialogs.prompts[8].defaultAnswer, "2000");
-  EXPECT_EQ(rig.dialogs.prompts[12].prompt, "Enter object's magnitude, if known");
+  EXPECT_EQ(rig.dialogs.titles, titles);
+  EXPECT_EQ(rig.dialogs.prompts[0], "Enter Hours of Right Ascension of object (0 to 23 )");
+  EXPECT_EQ(rig.dialogs.prompts[8], "Epoch of those Coordinates?");
+  EXPECT_EQ(rig.dialogs.defaults[8], "2000");
+  EXPECT_EQ(rig.dialogs.prompts[12], "Enter object's magnitude, if known");
   const ObjectState& o = state.object;
   EXPECT_EQ(o.Name1, "MyNeb       ");
   EXPECT_EQ(o.Name2, "Second      ");
@@ -86,11 +87,11 @@ TEST_F(ObjectEntryTest, CoordinatesChainRepeatsBadAnswersAndKeepsMinusZero) {
 
   // Added to the catalog, the record reads back as -0.5 degrees and unknown magnitude.
   UseCatalog({});
-  rig.dialogs.yesNoAnswers = {true};
+  rig.dialogs.choices = {true};
   ASSERT_TRUE(AddObject(state, rig.dialogs));
   EXPECT_EQ(rig.dialogs.questions.back(),
             "Do you want to add the object MyNeb to catalog TEST.OBC ?");
-  const std::vector<std::string> lines = Lines(ReadFile(dir.File("TEST.OBC")));
+  const std::vector<std::string> lines = Lines(ReadFile(File(dir, "TEST.OBC")));
   ASSERT_EQ(lines.size(), 2u);
   EXPECT_EQ(lines[1].substr(69, 9), "-00.5000 ");
   const CatalogRecord rec = ParseRecord(lines[1]);
@@ -129,7 +130,7 @@ TEST_F(ObjectEntryTest, AltitudeAzimuthRoundTripAndTheRefused360) {
       "Degrees of Altitude", "Degrees of Altitude",    "Minutes of Altitude", "Degrees of Azimuth",
       "Degrees of Azimuth",  "Set Minutes of Azimuth", "Third Name?",         "Fourth Name?",
       "Fifth Name?",         "Object's magnitude?"};
-  EXPECT_EQ(rig.dialogs.Titles(), titles) << "360 is refused, 359.9 accepted";
+  EXPECT_EQ(rig.dialogs.titles, titles) << "360 is refused, 359.9 accepted";
   // Placing the computed position in the sky gives back what was typed.
   EXPECT_NEAR(state.object.altitude, 35 + 20.0 / 60, 1e-6);
   EXPECT_NEAR(state.object.azimuth, 359.9 + 30.0 / 60 - 360, 1e-6);
@@ -182,19 +183,20 @@ TEST_F(ObjectEntryTest, AppendFollowsTheFileLineEnding) {
       {"empty file", "", "REC\r\n"},
   };
   for (const Row& r : rows) {
-    WriteFile(dir.File("A.OBC"), r.before);
-    ASSERT_TRUE(AppendCatalogLine(dir.File("A.OBC"), "REC")) << r.legend;
-    EXPECT_EQ(ReadFile(dir.File("A.OBC")), r.after) << r.legend;
+    WriteFile(File(dir, "A.OBC"), r.before);
+    ASSERT_TRUE(AppendCatalogLine(File(dir, "A.OBC"), "REC")) << r.legend;
+    EXPECT_EQ(ReadFile(File(dir, "A.OBC")), r.after) << r.legend;
   }
-  EXPECT_FALSE(AppendCatalogLine(dir.File("missing/A.OBC"), "REC"));
+  EXPECT_FALSE(AppendCatalogLine(File(dir, "missing/A.OBC"), "REC"));
 }
 
 TEST_F(ObjectEntryTest, AddObjectAnsweredNoWritesNothing) {
   UseCatalog({Rec("M1", 5.5, 22)});
-  const std::string before = ReadFile(dir.File("TEST.OBC"));
+  const std::string before = ReadFile(File(dir, "TEST.OBC"));
   state.object.Name1 = "X";
+  rig.dialogs.choices = {false};
   EXPECT_FALSE(AddObject(state, rig.dialogs));
-  EXPECT_EQ(ReadFile(dir.File("TEST.OBC")), before);
+  EXPECT_EQ(ReadFile(File(dir, "TEST.OBC")), before);
 }
 
 TEST(LocationEntry, MessagesInOrder) {

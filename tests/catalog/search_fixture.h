@@ -17,8 +17,8 @@ namespace astel::testing {
 class SearchTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    state.files.installDir = dir.Dir();
-    state.files.catalogDirectory = dir.Dir();
+    state.files.installDir = Dir(dir);
+    state.files.catalogDirectory = Dir(dir);
     state.files.catalogFileName = "TEST.OBC";
     state.time.roundedYear = 2000;
     state.time.localSiderealTime = 0;
@@ -27,8 +27,8 @@ class SearchTest : public ::testing::Test {
 
   void UseCatalog(const std::vector<std::string>& records, char kind = ' ',
                   const std::string& end = "\r\n") {
-    WriteCatalog(dir.File("TEST.OBC"), records, kind, end);
-    ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "TEST.OBC"));
+    WriteCatalog(File(dir, "TEST.OBC"), records, kind, end);
+    ASSERT_TRUE(OpenCatalog(state, Dir(dir), "TEST.OBC"));
   }
 
   // The object's Name1 without its padding.
@@ -38,7 +38,7 @@ class SearchTest : public ::testing::Test {
     return n;
   }
 
-  std::string Matches() const { return ReadFile(dir.File("MATCHES.TXT")); }
+  std::string Matches() const { return ReadFile(File(dir, "MATCHES.TXT")); }
 
   // A record at the given apparent altitude due south of the equatorial observer.
   std::string AtAltitude(const std::string& name, double apparentAltitude,

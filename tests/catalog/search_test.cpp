@@ -16,8 +16,8 @@ TEST_F(SearchTest, PrefixSearchStepsThroughM3M30M31ThenSaysNoMore) {
   ASSERT_TRUE(SimpleSearch(state, rig.ports));
   EXPECT_EQ(Shown(), "M3");
   ASSERT_EQ(rig.dialogs.prompts.size(), 1u);
-  EXPECT_EQ(rig.dialogs.prompts[0].title, "Search for Object in Catalog");
-  EXPECT_EQ(rig.dialogs.prompts[0].prompt,
+  EXPECT_EQ(rig.dialogs.titles[0], "Search for Object in Catalog");
+  EXPECT_EQ(rig.dialogs.prompts[0],
             "Name of Object to Search for In Current Catalog TEST.OBC Up to 12 Chars");
   EXPECT_EQ(rig.window.captions.front(), "Searching for M3  in Catalog TEST.OBC");
   EXPECT_FALSE(rig.window.visible) << "the Searching window closes when the scan stops";
@@ -43,7 +43,7 @@ TEST_F(SearchTest, HistorySteppingNeedsNoFile) {
   ASSERT_TRUE(SimpleSearch(state, rig.ports));
   ASSERT_TRUE(NextMatch(state, rig.ports));
   ASSERT_TRUE(NextMatch(state, rig.ports));
-  std::filesystem::remove(dir.File("TEST.OBC"));
+  std::filesystem::remove(File(dir, "TEST.OBC"));
 
   struct Step {
     const char* legend;
@@ -82,11 +82,11 @@ TEST_F(SearchTest, NotFoundCancelAndEmptyAnswer) {
   rig.dialogs.answers = {"xyz"};
   EXPECT_FALSE(SimpleSearch(state, rig.ports));
   EXPECT_EQ(rig.dialogs.messages.back(), "Object xyz  Not Found in Catalog TEST.OBC");
-  EXPECT_EQ(rig.dialogs.prompts.back().defaultAnswer, "") << "nothing searched before";
+  EXPECT_EQ(rig.dialogs.defaults.back(), "") << "nothing searched before";
 
   rig.dialogs.answers = {""};
   SimpleSearch(state, rig.ports);
-  EXPECT_EQ(rig.dialogs.prompts.back().defaultAnswer, "xyz") << "the last text is offered";
+  EXPECT_EQ(rig.dialogs.defaults.back(), "xyz") << "the last text is offered";
 }
 
 TEST_F(SearchTest, DetailedSearchPromptsAndTheirAsymmetricLimits) {
@@ -98,11 +98,11 @@ TEST_F(SearchTest, DetailedSearchPromptsAndTheirAsymmetricLimits) {
       "Search for Object in Catalog", "Second Name?",           "Set Minimum Altitude",
       "Set Minimum Altitude",         "Set Minimum Altitude",   "Set Minimum Altitude",
       "Set Faintest Magnitude",       "Set Faintest Magnitude", "Set Faintest Magnitude"};
-  EXPECT_EQ(rig.dialogs.Titles(), titles);
-  EXPECT_EQ(rig.dialogs.prompts[1].prompt, "Second Name to Search for, if any ");
-  EXPECT_EQ(rig.dialogs.prompts[2].prompt,
+  EXPECT_EQ(rig.dialogs.titles, titles);
+  EXPECT_EQ(rig.dialogs.prompts[1], "Second Name to Search for, if any ");
+  EXPECT_EQ(rig.dialogs.prompts[2],
             "Specify Minimum Altitude in Degrees (0 to 89 ) or click 'CANCEL' to ignore");
-  EXPECT_EQ(rig.dialogs.prompts[6].prompt,
+  EXPECT_EQ(rig.dialogs.prompts[6],
             "Specify Faintest Magnitude (0 to 19 ) or click 'CANCEL' to ignore");
   EXPECT_FLOAT_EQ(state.search.minAltitude, 20);
   EXPECT_DOUBLE_EQ(state.search.faintestMagnitude, 5);
@@ -150,7 +150,7 @@ TEST_F(SearchTest, SecondNameFiltersTheRecords) {
             "No More Matches for Gam 23 per found in Catalog TEST.OBC");
   rig.dialogs.answers = {"Gam", "", "", ""};
   DetailedSearch(state, rig.ports);
-  EXPECT_EQ(rig.dialogs.prompts[5].defaultAnswer, "23 per") << "the last second name is offered";
+  EXPECT_EQ(rig.dialogs.defaults[5], "23 per") << "the last second name is offered";
 }
 
 TEST_F(SearchTest, LongNamesSearchColumnsOneToTwentyFourOnly) {
@@ -166,16 +166,16 @@ TEST_F(SearchTest, LongNamesSearchColumnsOneToTwentyFourOnly) {
   EXPECT_TRUE(state.search.longNameSearch) << "13 characters or more";
   EXPECT_EQ(state.object.Name3, "M31         ");
   EXPECT_FALSE(NextMatch(state, rig.ports)) << "AndromedaGalaxII differs after 'AndromedaGala'";
-  EXPECT_NE(rig.dialogs.prompts[0].prompt.find("\nCan be up to 16 chars ( > 8 is a Long Name)."
-                                               "\nDouble-wildcard (**) forces search as Long Name"),
+  EXPECT_NE(rig.dialogs.prompts[0].find("\nCan be up to 16 chars ( > 8 is a Long Name)."
+                                        "\nDouble-wildcard (**) forces search as Long Name"),
             std::string::npos);
 
   // "**" forces the long-name field and the detailed search then asks no second name.
   rig.dialogs.answers = {"Androm**", "", ""};
   ASSERT_TRUE(DetailedSearch(state, rig.ports));
   EXPECT_TRUE(state.search.longNameSearch);
-  EXPECT_EQ(rig.dialogs.prompts.back().title, "Set Faintest Magnitude");
-  EXPECT_EQ(rig.dialogs.prompts[rig.dialogs.prompts.size() - 2].title, "Set Minimum Altitude");
+  EXPECT_EQ(rig.dialogs.titles.back(), "Set Faintest Magnitude");
+  EXPECT_EQ(rig.dialogs.titles[rig.dialogs.prompts.size() - 2], "Set Minimum Altitude");
   EXPECT_EQ(state.object.Name3, "M31         ") << "'Andromeda' in Name2 of line 1 is not read";
 }
 
@@ -225,8 +225,8 @@ TEST_F(SearchTest, TheCatalogMayChangeBetweenTwoNextMatchCalls) {
   ASSERT_TRUE(SimpleSearch(state, rig.ports));
   ASSERT_TRUE(NextMatch(state, rig.ports));
   // Another program appends a CRLF line and one without a line end.
-  WriteFile(dir.File("TEST.OBC"),
-            ReadFile(dir.File("TEST.OBC")) + Rec("M39", 0, 10) + "\r\n" + Rec("M35", 0, 10));
+  WriteFile(File(dir, "TEST.OBC"),
+            ReadFile(File(dir, "TEST.OBC")) + Rec("M39", 0, 10) + "\r\n" + Rec("M35", 0, 10));
   ASSERT_TRUE(NextMatch(state, rig.ports));
   EXPECT_EQ(Shown(), "M39");
   ASSERT_TRUE(NextMatch(state, rig.ports));
@@ -245,8 +245,8 @@ TEST_F(SearchTest, BadCatalogsEndInNotFound) {
               {"only a DOS end-of-file mark after the header", "TEST    2000\r\n\x1A\r\nM3\r\n"},
               {"binary garbage", "\x01\x02\xFF\xFE\r\r\n\n\x80 M 3"}};
   for (const Row& r : rows) {
-    std::filesystem::remove(dir.File("BAD.OBC"));
-    if (r.content) WriteFile(dir.File("BAD.OBC"), r.content);
+    std::filesystem::remove(File(dir, "BAD.OBC"));
+    if (r.content) WriteFile(File(dir, "BAD.OBC"), r.content);
     state.files.catalogFileName = "BAD.OBC";
     state.search.catalogHasLongNames = state.search.transientCatalog = false;
     rig.dialogs.messages.clear();

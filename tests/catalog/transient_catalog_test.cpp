@@ -34,8 +34,8 @@ class TransientTest : public SearchTest {
     std::string text = ComposeHeader("CERES", headerYear, "test", 'T') + "\r\n";
     for (const std::string& r : records)
       text += r + "\r\n";
-    WriteFile(dir.File("CERES.OBC"), text);
-    ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "CERES.OBC"));
+    WriteFile(File(dir, "CERES.OBC"), text);
+    ASSERT_TRUE(OpenCatalog(state, Dir(dir), "CERES.OBC"));
   }
   double ShownRa() const { return state.object.objRaHours + state.object.objRaMinutes / 60; }
   double ShownDec() const { return ObjectDeclinationDegrees(state.object); }
@@ -126,7 +126,7 @@ TEST_F(TransientTest, NoPositionMessageOnceAndTheObsoleteLine) {
             base + "\nThis catalog appears to be obsolete, and should be deleted.");
 
   At(2026, 11, 21, 0);
-  ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "CERES.OBC"));
+  ASSERT_TRUE(OpenCatalog(state, Dir(dir), "CERES.OBC"));
   EXPECT_EQ(ReloadTransientPosition(state, rig.dialogs), TransientResult::kNoPosition);
   EXPECT_EQ(rig.dialogs.messages.back(), base) << "before the first position: not obsolete";
 }
@@ -139,7 +139,7 @@ TEST_F(TransientTest, BrokenTransientCatalogs) {
   badTime.replace(78, 9, "tomorrow ");
   UseTransient({wrongKind, badTime, "", "garbage"});
   EXPECT_EQ(ReloadTransientPosition(state, rig.dialogs), TransientResult::kNoPosition);
-  std::filesystem::remove(dir.File("CERES.OBC"));
+  std::filesystem::remove(File(dir, "CERES.OBC"));
   state.search.transientReported = false;
   EXPECT_EQ(ReloadTransientPosition(state, rig.dialogs), TransientResult::kNoPosition)
       << "a deleted catalog serves nothing";
@@ -164,8 +164,8 @@ TEST_F(TransientTest, ShippedCeresSampleServesTheComingMonths) {
   std::string header;
   ASSERT_TRUE(ReadFirstLine(sample, header));
   EXPECT_TRUE(ParseHeader(header).transient);
-  std::filesystem::copy_file(sample, dir.File("CERES.OBC"));
-  ASSERT_TRUE(OpenCatalog(state, dir.Dir(), "CERES.OBC"));
+  std::filesystem::copy_file(sample, File(dir, "CERES.OBC"));
+  ASSERT_TRUE(OpenCatalog(state, Dir(dir), "CERES.OBC"));
 
   double lastRa = -1, lastDec = 0;
   for (int day = 0; day < 90; day += 3) {
