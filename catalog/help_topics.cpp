@@ -227,9 +227,9 @@ std::vector<std::string> HelpPages(const std::string& installDir) {
   for (const auto& entry : std::filesystem::directory_iterator(installDir, ec)) {
     const std::string name = entry.path().filename().string();
     const std::string upper = ToUpperLatin1(name);
-    const std::size_t dot = upper.rfind(".HTM");
-    if (dot != std::string::npos && dot > 0 && upper.find('.', dot + 1) == std::string::npos &&
-        entry.is_regular_file(ec)) {
+    // The pattern "*.HTM*": any name with ".HTM" after its first character, in any case.
+    const std::size_t dot = upper.find(".HTM", 1);
+    if (dot != std::string::npos && entry.is_regular_file(ec)) {
       pages.push_back(name);
     }
   }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <set>
 
 #include "catalog_files.h"
@@ -49,9 +50,11 @@ TEST(HelpTopics, QuotedTextsStandAsWritten) {
 
 TEST(HelpTopics, PagesAndDocumentation) {
   testing::TempDir dir;
-  for (const char* name : {"ASTEL.HTM", "notes.html", "b.htm", "ASTEL.HOM", "x.htm.bak"})
+  for (const char* name : {"ASTEL.HTM", "notes.html", "b.htm", "ASTEL.HOM", ".htm", "x.txt"})
     testing::WriteFile(File(dir, name), "x");
-  EXPECT_EQ(HelpPages(Dir(dir)), (std::vector<std::string>{"ASTEL.HTM", "b.htm", "notes.html"}));
+  std::filesystem::create_directory(File(dir, "pages.htm"));
+  EXPECT_EQ(HelpPages(Dir(dir)), (std::vector<std::string>{"ASTEL.HTM", "b.htm", "notes.html"}))
+      << "'*.HTM*' in any case; no folders";
   EXPECT_TRUE(HelpPages(File(dir, "missing")).empty());
   SharedState s;
   s.files.installDir = Dir(dir);
