@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "astro/coordinates.h"
 #include "catalog/catalog_reader.h"
 #include "catalog/catalog_record.h"
 #include "catalog/name_matcher.h"
@@ -27,8 +28,13 @@ void ExerciseRecord(const std::string& record, const std::string& upperText) {
   Check(record.size() == astel::kRecordWidth);
   const astel::CatalogRecord rec = astel::ParseRecord(record);
   Check(rec.raHours >= 0 && rec.raHours < 24);
-  astel::ObjectState o;
+  astel::SharedState state;
+  astel::ObjectState& o = state.object;
   astel::ShowRecord(rec, o);
+  // Whatever the numbers hold, placing the object in the sky must stay defined.
+  o.targetEpoch = 2027;
+  astel::PrecessToDate(o);
+  astel::ComputeAltAz(state);
   const std::string again = astel::ComposeRecord(astel::FieldsOfObject(o));
   Check(again.size() == astel::kRecordWidth);
   astel::ParseRecord(again);
