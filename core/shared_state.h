@@ -148,7 +148,10 @@ struct SearchState {
   bool cancelRequested = false;
   std::vector<std::string> matchHistory = std::vector<std::string>(25);
   int matchCount = 0, matchIndex = 0;
-  std::string catalogDescription;  // header line of the open catalog
+  std::string catalogDescription;    // header line of the open catalog
+  std::int64_t catalogOffset = 0;    // byte offset after the last record read, while catalogOpen
+  bool matchesFileComplete = false;  // the scan reached the end: WriteMatchButton views the file
+  bool transientReported = false;    // the "no positions" message was shown for this catalog
 };
 
 // The command-line script.
@@ -179,7 +182,11 @@ struct MainWindowControls {
   bool searchButtonsEnabled = true;
   bool commandButtonsEnabled = true;  // off while the motors run
   bool timer1Enabled = false;
-  int list1Index = -1;  // selected Solar System body, -1 none
+  int list1Index = -1;        // selected Solar System body, -1 none
+  std::string catalogLabel;   // the catalog's file name, lower-cased, at most 22 characters
+  bool bestOfEnabled = true;  // BestOf, only for the default FULL catalog
+  std::string bestOfToolTip =
+      "Click to have ASTEL suggest the best objects to view right now in a small telescope";
 };
 
 struct ProgramState {

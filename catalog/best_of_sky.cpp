@@ -1,0 +1,24 @@
+#include "catalog/best_of_sky.h"
+
+#include "catalog/search.h"
+#include "core/text_format.h"
+
+namespace astel {
+
+bool BestOfTheSky(SharedState& state, CatalogPorts& ports) {
+  state.search.bestOfSkyMode = true;
+  state.search.secondPassPending = true;
+  state.search.minAltitude = kBestOfSkyMinAltitude;
+  SearchRequest request;
+  request.text = "*&";
+  request.secondName = "*^";  // the second pass, not a filter while it is pending
+  request.bestOfSky = true;
+  return StartSearch(state, ports, request);
+}
+
+bool BestOfSkyAvailable(const std::string& catalogFileName) {
+  const std::string upper = ToUpperLatin1(catalogFileName);
+  return upper.substr(0, upper.find('.')) == "FULL";
+}
+
+}  // namespace astel

@@ -1,0 +1,55 @@
+// A catalog in a temporary folder and an observer for whom the altitudes are easy to predict: on
+// the equator with sidereal time 0h, an object at 0h right ascension and declination d stands on
+// the meridian at 90 - |d| degrees (plus refraction). The date's epoch is 2000, so catalog
+// positions are not precessed.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "astro/coordinates.h"
+#include "catalog/catalog_select.h"
+#include "catalog/search.h"
+#include "catalog_fakes.h"
+#include "catalog_files.h"
+
+namespace astel::testing {
+
+class SearchTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    state.files.installDir = Dir(dir);
+    state.files.catalogDirectory = Dir(dir);
+    state.files.catalogFileName = "TEST.OBC";
+    state.time.roundedYear = 2000;
+    state.time.localSiderealTime = 0;
+    state.place.homeLatitude = 0;
+  }
+
+  void UseCatalog(const std::vector<std::string>& records, char kind = ' ',
+                  const std::string& end = "\r\n") {
+    WriteCatalog(File(dir, "TEST.OBC"), records, kind, end);
+    ASSERT_TRUE(OpenCatalog(state, Dir(dir), "TEST.OBC"));
+  }
+
+  // The object's Name1 without its padding.
+  std::string Shown() const {
+    std::string n = state.object.Name1;
+    n.erase(n.find_last_not_of(' ') + 1);
+    return n;
+  }
+
+  std::string Matches() const { return ReadFile(File(dir, "MATCHES.TXT")); }
+
+  // A record at the given apparent altitude due south of the equatorial observer.
+  std::string AtAltitude(const std::string& name, double apparentAltitude,
+                         const std::string& mag = "5") {
+    const Equatorial eq = AltAzToEquatorial(state, apparentAltitude, 180);
+    return Rec(name, eq.raHours, eq.decDegrees, mag);
+  }
+
+  TempDir dir;
+  SharedState state;
+  CatalogRig rig;
+};
+
+}  // namespace astel::testing
