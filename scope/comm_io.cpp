@@ -47,8 +47,9 @@ int WaitUntilReady(int fd, short events, SteadyClock::time_point deadline) {
     if (result < 0 && errno == EINTR) continue;
     if (result < 0) return -errno;
     if (result == 0) return 0;
+    if ((request.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) return -EIO;  // hung up
     if ((request.revents & events) != 0) return 1;
-    return -EIO;  // POLLHUP or POLLERR without the wanted readiness
+    return 0;
   }
 }
 
@@ -245,12 +246,9 @@ int CommPorts::CommRead(int port, std::string& data, int requested) {
       got += static_cast<int>(count);
       continue;
     }
-    if (count == 0) {  // end of file: the line was hung up
-      failure = EIO;
-      break;
-    }
-    if (errno == EINTR) continue;
-    if (errno != EAGAIN) {
+    // A raw line (no minimum count, no timer) reads 0 bytes when nothing is waiting.
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0 && errno != EAGAIN) {
       failure = errno;
       break;
     }
