@@ -53,6 +53,22 @@ int WaitUntilReady(int fd, short events, SteadyClock::time_point deadline) {
   }
 }
 
+// Waits, within the write's time, until the device has sent what was written: a write returns
+// when its bytes are on the line, so the pacing between writes is the pacing on the wire.
+void WaitUntilSent(int fd, SteadyClock::time_point deadline) {
+  int pending = 0;
+  while (::ioctl(fd, TIOCOUTQ, &pending) == 0 && pending > 0 && MillisecondsLeft(deadline) > 0) {
+    ::usleep(500);
+  }
+}
+
+// Discards what has arrived and not been read. Output needs no discarding: every write has
+// waited until its bytes were sent, and on a pseudo-terminal discarding output would drop bytes
+// the other end has not read yet.
+int DiscardInput(int fd) {
+  return ::tcflush(fd, TCIFLUSH) == 0 ? 0 : errno;
+}
+
 std::array<int, 5> LineErrorCounters(int fd) {
   serial_icounter_struct counters{};
   if (::ioctl(fd, TIOCGICOUNT, &counters) != 0) return {};
@@ -127,8 +143,8 @@ int CommPorts::CommOpen(int port, std::string_view name, std::string_view mode) 
   // The kernel's queues are fixed (nothing stands for SetupComm), and the time-outs are the poll()
   // limits of CommRead and CommWrite. The descriptor stays non-blocking so that poll() alone
   // decides how long a transfer may wait.
-  if (::tcflush(fd, TCIOFLUSH) != 0) {
-    RecordError(port, errno, "CommOpen (PurgeComm)");
+  if (int failed = DiscardInput(fd); failed != 0) {
+    RecordError(port, failed, "CommOpen (PurgeComm)");
     return error_.code;
   }
   termios settings{};
@@ -174,8 +190,8 @@ int CommPorts::CommClose(int port) {
 int CommPorts::CommFlush(int port) {
   PortRecord* record = Record(port);
   if (record == nullptr || !record->open) return EBADF;
-  if (::tcflush(record->fd.Get(), TCIOFLUSH) != 0) {
-    RecordError(port, errno, "CommFlush (PurgeComm)");
+  if (int failed = DiscardInput(record->fd.Get()); failed != 0) {
+    RecordError(port, failed, "CommFlush (PurgeComm)");
     return error_.code;
   }
   return 0;
@@ -210,6 +226,7 @@ int CommPorts::CommWrite(int port, std::string_view data) {
       break;
     }
   }
+  if (failure == 0) WaitUntilSent(fd, deadline);
   events_.DoEvents();
   if (failure != 0) {
     RecordTransferError(port, failure, "CommWrite (WriteFile)");

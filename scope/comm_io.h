@@ -43,10 +43,11 @@ class CommPorts {
   int CommOpen(int port, std::string_view name, std::string_view mode);
   // 0 when closed (also for a port that was not open), else the error code.
   int CommClose(int port);
-  // Discards what is waiting in both directions. 0, or the error code.
+  // Discards what has arrived and was not read (output never waits: see CommWrite). 0, or the
+  // error code.
   int CommFlush(int port);
-  // Writes the bytes, waiting up to one second per byte; returns the count written (fewer when the
-  // time ran out), or -1.
+  // Writes the bytes and waits until they are sent, up to one second per byte in all; returns the
+  // count written (fewer when the time ran out), or -1.
   int CommWrite(int port, std::string_view data);
   // Returns at once with 0 and an empty `data` when nothing has arrived. Otherwise reads
   // `requested` bytes, or all that are waiting when more are, for up to about one second, and

@@ -1,6 +1,8 @@
 #include "tests/support/scope_simulator.h"
 
 #include <poll.h>
+#include <pthread.h>
+#include <sched.h>
 #include <sys/eventfd.h>
 #include <termios.h>
 #include <unistd.h>
@@ -57,6 +59,12 @@ bool ScopeSimulator::Start() {
 }
 
 void ScopeSimulator::Serve() {
+  // The arrival times are stamped when this thread wakes up; on a busy machine a real-time
+  // priority keeps that close to the moment the bytes came (where the system allows it).
+  sched_param priority{};
+  priority.sched_priority = sched_get_priority_min(SCHED_FIFO);
+  pthread_setschedparam(pthread_self(), SCHED_FIFO, &priority);
+
   unsigned char buffer[512];
   for (;;) {
     pollfd fds[2] = {{pty_.Master(), POLLIN, 0}, {wakeFd_, POLLIN, 0}};
