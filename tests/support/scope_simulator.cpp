@@ -103,7 +103,7 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
       auto command = protocol_->Feed(bytes[i], mount_, behaviour_.rules);
       if (!command) continue;
       commands_.push_back(command->bytes);
-      if (!command->reply.empty()) replies += Faulty(command->reply);
+      if (!command->reply.empty()) replies += Faulty(command->bytes, command->reply);
     }
     changed_.notify_all();
   }
@@ -118,8 +118,9 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
   }
 }
 
-std::string ScopeSimulator::Faulty(const std::string& reply) {
+std::string ScopeSimulator::Faulty(const std::string& command, const std::string& reply) {
   if (queriesSeen_++ < behaviour_.ignoreFirstQueries) return "";
+  if (command.rfind(behaviour_.faultOnlyFor, 0) != 0) return reply;
   switch (behaviour_.fault) {
     case ReplyFault::kNone:
       return reply;

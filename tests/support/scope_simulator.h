@@ -25,6 +25,7 @@ enum class ReplyFault {
 
 struct SimBehaviour {
   ReplyFault fault = ReplyFault::kNone;
+  std::string faultOnlyFor;    // the fault hits only commands starting with this; empty: all
   int ignoreFirstQueries = 0;  // the first n commands that expect an answer get none
   int hangUpAfterBytes = -1;   // drops the line when this many bytes have arrived
   MountRules rules;
@@ -68,7 +69,7 @@ class ScopeSimulator {
  private:
   void Serve();
   void Handle(const unsigned char* bytes, std::size_t count);
-  std::string Faulty(const std::string& reply);
+  std::string Faulty(const std::string& command, const std::string& reply);
 
   PtyEndpoint pty_;
   std::unique_ptr<MountProtocol> protocol_;
