@@ -4,6 +4,7 @@
 // Creates a pseudo-terminal, points a symbolic link at it (point ASTEL_COMn at the link), answers
 // as a mount of the given family until killed (SIGTERM or SIGINT), appends every received byte,
 // unchanged, to the log file, and removes the link on the way out.
+#include <pthread.h>
 #include <signal.h>
 #include <unistd.h>
 
@@ -16,12 +17,6 @@
 #include "tests/support/scope_simulator.h"
 
 namespace {
-
-volatile sig_atomic_t stopRequested = 0;
-
-void OnSignal(int) {
-  stopRequested = 1;
-}
 
 int Usage() {
   std::fprintf(stderr,
@@ -82,6 +77,14 @@ int main(int argc, char** argv) {
     }
   }
 
+  // The stop signals are taken by sigwait below, never by the simulator's thread, which inherits
+  // this mask.
+  sigset_t stopSignals;
+  sigemptyset(&stopSignals);
+  sigaddset(&stopSignals, SIGTERM);
+  sigaddset(&stopSignals, SIGINT);
+  pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr);
+
   ScopeSimulator simulator(type, behaviour);
   MountState mount;
   mount.aligned = aligned;
@@ -105,12 +108,8 @@ int main(int argc, char** argv) {
   std::printf("%s\n", simulator.DevicePath().c_str());
   std::fflush(stdout);
 
-  struct sigaction action {};
-  action.sa_handler = OnSignal;
-  sigaction(SIGTERM, &action, nullptr);
-  sigaction(SIGINT, &action, nullptr);
-  while (!stopRequested)
-    ::pause();
+  int received = 0;
+  sigwait(&stopSignals, &received);
   ::unlink(link.c_str());
   return 0;
 }
