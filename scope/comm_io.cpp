@@ -75,7 +75,7 @@ std::array<int, 5> LineErrorCounters(int fd) {
   return {counters.buf_overrun, counters.overrun, counters.parity, counters.frame, counters.brk};
 }
 
-std::string Hint(const CommError& error) {
+std::string Hint(const CommError& error, int port) {
   if (error.source.rfind("CommOpen", 0) != 0) return "";
   switch (error.code) {
     case EACCES:
@@ -84,7 +84,8 @@ std::string Hint(const CommError& error) {
              "(sudo usermod -aG dialout $USER) and log in again";
     case ENOENT:
     case ENODEV:
-      return " - no such device: connect the adapter, or set ASTEL_COMn to the device path";
+      return " - no such device: connect the adapter, or set ASTEL_COM" + std::to_string(port) +
+             " to the device path";
     case EBUSY:
       return " - another program is using the port";
     default:
@@ -321,7 +322,7 @@ void CommPorts::Report(int port) {
   const PortRecord* record = Record(port);
   std::string device = record != nullptr && !record->device.empty() ? record->device : "no device";
   diagnostics_ << "astel: COM" << port << " (" << device << "): " << error_.source << ": "
-               << error_.message << Hint(error_) << '\n';
+               << error_.message << Hint(error_, port) << '\n';
   diagnostics_.flush();
 }
 

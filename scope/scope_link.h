@@ -1,4 +1,4 @@
-// What every telescope and GPS exchange shares: the line settings, the port name, the designed
+// What every telescope and GPS exchange shares: the line settings, the port name, the
 // message texts, and opening a port the way every caller does.
 #pragma once
 
@@ -47,7 +47,7 @@ struct ScopeContext {
 bool OpenScopePort(CommPorts& comm, Dialogs& dialogs, int comPort, std::string_view mode,
                    bool showMessage);
 
-// The clock refused the time: the designed message, and on Linux the likely reason on the
+// The clock refused the time: the message, and on Linux the likely reason on the
 // diagnostics stream, since the message alone does not say that a right is missing.
 void ReportClockRefused(Dialogs& dialogs, std::ostream& diagnostics);
 

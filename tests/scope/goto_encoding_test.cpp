@@ -87,7 +87,7 @@ TEST(GotoEncoding, SplitRoundsTheLowByteHalfToEvenAndCarriesAndWraps) {
   }
 }
 
-TEST(GotoEncoding, Lx200CommandsHaveTheirDesignedTextAndLength) {
+TEST(GotoEncoding, Lx200CommandsHaveTheirTextAndLength) {
   struct Row {
     const char* legend;
     ObjectState object;
