@@ -30,6 +30,38 @@ void ApplyStoredScopeCode(TelescopeState& telescope) {
   telescope.scopeLoadEnabled = flags.loadEnabled;
 }
 
+std::optional<ScopeRow> FindScopeRow(std::string_view text) {
+  for (const ScopeRow& row : kScopeRows) {
+    if (row.text == text) return row;
+  }
+  return std::nullopt;
+}
+
+int FamilyOfRow(const ScopeRow& row) {
+  return row.text[0] - '0';
+}
+
+ScopeChoice ChooseScopeModel(int listCode, Dialogs& dialogs) {
+  const std::string hasGpsQuestion(kAskHasGps);
+  switch (listCode) {
+    case 102: {
+      bool gps = dialogs.YesNo(hasGpsQuestion);
+      return {gps ? 107 : 108, {gps, false, true}};
+    }
+    case 104: {
+      bool gps = dialogs.YesNo(hasGpsQuestion);
+      return {gps ? 105 : 106, {gps, false, true}};
+    }
+    case 401: {
+      if (!dialogs.YesNo(hasGpsQuestion)) return {407, {false, false, true}};
+      bool builtIn = dialogs.YesNo(std::string(kAskGpsBuiltIn));
+      return builtIn ? ScopeChoice{406, {true, true, true}} : ScopeChoice{405, {true, false, true}};
+    }
+    default:
+      return {listCode, FlagsForStoredCode(listCode)};
+  }
+}
+
 int ScopeTypeFromCode(int scopeCode) {
   if (scopeCode < 100) return scopeCode;
   if (scopeCode == kNoGotoScopeCode) return 0;

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string_view>
 
+#include "core/ports.h"
 #include "core/shared_state.h"
 
 namespace astel {
@@ -43,6 +45,27 @@ ScopeFlags FlagsForStoredCode(int scopeCode);
 
 // The home-file check: clears and re-derives the three capability flags from scopeCode.
 void ApplyStoredScopeCode(TelescopeState& telescope);
+
+// The row of the telescope list with exactly this text; nullopt for any other text.
+std::optional<ScopeRow> FindScopeRow(std::string_view text);
+
+// The telescope family of a list row: its first character.
+int FamilyOfRow(const ScopeRow& row);
+
+// The model code and flags that a choice in the selection dialog ends with. Three models ask
+// whether there is a GPS (and for the LX200 whether it is built in) and get a finer code:
+//   102: GPS yes 107, no 108;  104: GPS yes 105, no 106;
+//   401: GPS no 407; yes and built in 406 (no daylight shift), yes and not built in 405.
+// Those three always enable the load command (106 too, unlike a reloaded 106); every other code
+// takes the flags of a stored code.
+struct ScopeChoice {
+  int code = 0;
+  ScopeFlags flags;
+};
+ScopeChoice ChooseScopeModel(int listCode, Dialogs& dialogs);
+
+inline constexpr std::string_view kAskHasGps = "Does this Scope have a GPS?";
+inline constexpr std::string_view kAskGpsBuiltIn = "Is the GPS Built In?";
 
 // The family of a model code: codes below 100 are families themselves, 10000 is family 0.
 int ScopeTypeFromCode(int scopeCode);

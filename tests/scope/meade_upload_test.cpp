@@ -1,0 +1,272 @@
+// The LX200 upload of place, time-zone offset, date and time: its commands, and the whole
+// exchange against a simulated LX200.
+#include "scope/meade_upload.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/scope/wire_harness.h"
+
+namespace astel::testing {
+namespace {
+
+PlaceState Place(int latDeg, double latMin, int latSign, int lonDeg, double lonMin, int lonSign) {
+  PlaceState place;
+  place.latitudeDegrees = latDeg;
+  place.latitudeMinutes = latMin;
+  place.latitudeSign = latSign;
+  place.longitudeDegrees = lonDeg;
+  place.longitudeMinutes = lonMin;
+  place.longitudeSign = lonSign;
+  return place;
+}
+
+TEST(MeadeUploadCommands, SiteCommandsCountLongitudeWestwardAllRoundTheCircle) {
+  struct Row {
+    const char* legend;
+    PlaceState place;
+    const char* longitude;
+    const char* latitude;
+  };
+  const Row rows[] = {
+      {"-0 deg 30 min: the sign alone makes it east", Place(0, 30, -1, 0, 30, -1), "#:Sg 359*30#",
+       "#:St -00*30#"},
+      {"west and north as they are", Place(48, 7.038, 1, 75, 30.2, 1), "#:Sg 075*30#",
+       "#:St +48*07#"},
+      {"11 deg 31 min east", Place(-33, 52, 1, -11, 31, 1), "#:Sg 348*29#", "#:St -33*52#"},
+      {"Greenwich", Place(51, 28.6, 1, 0, 0, 1), "#:Sg 000*00#", "#:St +51*29#"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.legend);
+    EXPECT_EQ(EncodeMeadeLongitude(row.place), row.longitude);
+    EXPECT_EQ(EncodeMeadeLatitude(row.place), row.latitude);
+  }
+}
+
+TEST(MeadeUploadCommands, OffsetDateAndTimeForms) {
+  EXPECT_EQ(EncodeMeadeOffset(5, false), "#:SG+05.0#");
+  EXPECT_EQ(EncodeMeadeOffset(5, true), "#:SG+05#");
+  EXPECT_EQ(EncodeMeadeOffset(-5.5, false), "#:SG-05.5#");
+  EXPECT_EQ(EncodeMeadeOffset(0, false), "#:SG+00.0#");
+  EXPECT_EQ(EncodeMeadeDate("03", "23", "05"), "#:SC 03/23/05#");
+  TimeState time;
+  time.hourText = "7";
+  time.minuteText = "05";
+  time.secondText = "9";
+  EXPECT_EQ(EncodeMeadeTime(time), "#:SL 07:05:09#");
+}
+
+TEST(MeadeUploadCommands, DaylightTimeAddsAnHourUnlessTheModelShiftsItself) {
+  struct Row {
+    const char* legend;
+    double gmtOffset;
+    bool daylight, noDstShift;
+    double sent;
+  };
+  const Row rows[] = {
+      {"standard time", 5, false, false, 5},
+      {"daylight time", 4, true, false, 5},
+      {"daylight time, model keeps its own shift", 4, true, true, 4},
+      {"east of Greenwich in daylight time", -2, true, false, -1},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.legend);
+    SharedState state;
+    FakeClock clock;
+    state.place.gmtOffset = row.gmtOffset;
+    state.telescope.scopeNoDstShift = row.noDstShift;
+    clock.zone.daylight = row.daylight;
+    EXPECT_EQ(UploadOffsetHours(state, clock), row.sent);
+  }
+}
+
+TEST(MeadeUploadCommands, Model401WithGpsGetsTheGreenwichDate) {
+  struct Row {
+    const char* legend;
+    int code;
+    bool gps;
+    const char* daySign;
+    const char *month, *day, *year;  // local date texts
+    const char *sentMonth, *sentDay, *sentYear;
+  };
+  const Row rows[] = {
+      {"401 with GPS, Greenwich a day ahead at the year's end", 401, true, "+", "12", "31", "2005",
+       "01", "01", "06"},
+      {"401 with GPS, Greenwich a day behind in a leap year", 401, true, "-", "03", "01", "2004",
+       "02", "29", "04"},
+      {"401 with GPS, same day", 401, true, " ", "03", "23", "2005", "03", "23", "05"},
+      {"401 without GPS keeps the local date", 401, false, "+", "12", "31", "2005", "12", "31",
+       "05"},
+      {"another model keeps the local date", 405, true, "+", "12", "31", "2005", "12", "31", "05"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.legend);
+    SharedState state;
+    state.telescope.scopeCode = row.code;
+    state.telescope.scopeHasGps = row.gps;
+    state.time.gmtDaySign = row.daySign;
+    state.time.monthText = row.month;
+    state.time.dayText = row.day;
+    state.time.yearText = row.year;
+    state.time.hourText = "22";
+    MeadeDate date = UploadDate(state);
+    EXPECT_EQ(date.month, row.sentMonth);
+    EXPECT_EQ(date.day, row.sentDay);
+    EXPECT_EQ(date.year2, row.sentYear);
+  }
+}
+
+// An LX200 harness with the observer 48 deg 7 min north, 11 deg 31 min east, 5 hours west of
+// Greenwich in offset, on 23 March 2005 at 21:05:09.
+struct UploadHarness : WireHarness {
+  explicit UploadHarness(SimBehaviour behaviour = {}) : WireHarness(4, behaviour) {
+    state.telescope.scopeCode = 402;
+    state.place = Place(48, 7.038, 1, -11, 31, 1);
+    state.place.gmtOffset = 5;
+    monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };
+  }
+  bool Upload(bool fromUploadButton = true) {
+    return UploadMeade(context, monitor, fromUploadButton);
+  }
+  ExchangeMonitor monitor;
+  std::vector<std::string> statuses;
+};
+
+const char kWholeUpload[] = "#:Sg 348*29##:St +48*07##:SG+05.0##:SC 03/23/05##:SL 21:05:09#";
+
+TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
+  UploadHarness h;
+  ASSERT_SIM_STARTED(h);
+  EXPECT_TRUE(h.Upload());
+  EXPECT_EQ(h.sim.ReceivedBytes(), kWholeUpload);
+  EXPECT_EQ(h.dialogs.shown.size(), 0u) << "success is announced by the dialog, not here";
+  EXPECT_EQ(h.statuses, (std::vector<std::string>{
+                            "No scope response yet. Verify Connection.\n",
+                            "Waiting for Scope Response to Longitude.",
+                            "Waiting for Scope Response to Latitude.",
+                            "Waiting for Scope Response to GMT Offset.",
+                            "Waiting for Scope Response to Date Upload",
+                            "Waiting for Scope Response to Time Upload.",
+                        }));
+  MountState mount = h.sim.Mount();
+  EXPECT_EQ(mount.lxLongitudeArcmin, 348 * 60 + 29);
+  EXPECT_EQ(mount.lxLatitudeArcmin, 48 * 60 + 7);
+  EXPECT_EQ(mount.lxUtcOffsetHours, 5);
+  EXPECT_EQ(mount.lxHour * 10000 + mount.lxMinute * 100 + mount.lxSecond, 210509);
+  EXPECT_FALSE(h.comm.IsOpen(kPort));
+  int pausesAfterDate = 0;
+  for (int ms : h.events.sleeps)
+    pausesAfterDate += ms == 500 ? 1 : 0;
+  EXPECT_EQ(pausesAfterDate, 1) << "the date's long answer is waited out once";
+}
+
+TEST(UploadMeade, ATelescopeRefusingTheDecimalOffsetGetsWholeHours) {
+  SimBehaviour behaviour;
+  behaviour.rules.refuseOffsetForms = 1;
+  UploadHarness h(behaviour);
+  ASSERT_SIM_STARTED(h);
+  EXPECT_TRUE(h.Upload());
+  EXPECT_EQ(h.sim.CountCommands(":SG+05.0#"), 1);
+  EXPECT_EQ(h.sim.CountCommands(":SG+05#"), 1);
+  EXPECT_EQ(h.sim.CountCommands(":SL 21:05:09#"), 1);
+  EXPECT_EQ(h.dialogs.shown.size(), 0u);
+}
+
+TEST(UploadMeade, RefusalsEndTheUploadWithTheStepsErrorAndTheReply) {
+  struct Row {
+    const char* legend;
+    MountRules rules;
+    const char* message;
+    std::size_t commandsSent;
+  };
+  const Row rows[] = {
+      {"both offset forms refused", {2, false}, "Invalid Scope Response to Set GMT Offset= 0", 4},
+      {"longitude refused", {0, true}, "Invalid Scope Response to Set Longitude=0", 1},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.legend);
+    SimBehaviour behaviour;
+    behaviour.rules = row.rules;
+    UploadHarness h(behaviour);
+    ASSERT_SIM_STARTED(h);
+    EXPECT_FALSE(h.Upload());
+    EXPECT_EQ(h.dialogs.Messages(), std::vector<std::string>{row.message});
+    EXPECT_EQ(h.sim.Commands().size(), row.commandsSent);
+    EXPECT_FALSE(h.comm.IsOpen(kPort));
+  }
+}
+
+TEST(UploadMeade, TheLastSecondsBeforeMidnightAreRefused) {
+  for (const char* second : {"56", "59"}) {
+    UploadHarness h;
+    ASSERT_SIM_STARTED(h);
+    h.state.time.hourText = "23";
+    h.state.time.minuteText = "59";
+    h.state.time.secondText = second;
+    EXPECT_FALSE(h.Upload()) << second;
+    EXPECT_EQ(h.dialogs.Messages(),
+              std::vector<std::string>{"Date rollover, possible inconsistency. Try Again"});
+    EXPECT_EQ(h.sim.ReceivedBytes(), "") << "nothing was sent";
+  }
+  UploadHarness h;
+  ASSERT_SIM_STARTED(h);
+  h.state.time.hourText = "23";
+  h.state.time.minuteText = "59";
+  h.state.time.secondText = "55";
+  EXPECT_TRUE(h.Upload());
+}
+
+TEST(UploadMeade, OnlyInRealTime) {
+  UploadHarness h;
+  ASSERT_SIM_STARTED(h);
+  h.state.time.realTimeMode = false;
+  EXPECT_FALSE(h.Upload());
+  EXPECT_EQ(h.dialogs.Messages(),
+            std::vector<std::string>{"Must be in Real-Time Mode to Upload Data"});
+}
+
+TEST(UploadMeade, EachStepIsSentAgainUntilTheTelescopeAnswers) {
+  SimBehaviour behaviour;
+  behaviour.ignoreFirstQueries = 2;
+  UploadHarness h(behaviour);
+  ASSERT_SIM_STARTED(h);
+  EXPECT_TRUE(h.Upload());
+  EXPECT_EQ(h.sim.CountCommands(":Sg 348*29#"), 3);
+  EXPECT_EQ(h.sim.CountCommands(":St +48*07#"), 1);
+}
+
+TEST(UploadMeade, ClosingTheWindowEndsTheWaitForASilentTelescope) {
+  UploadHarness h(WithFault(ReplyFault::kSilent));
+  ASSERT_SIM_STARTED(h);
+  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Sg 348*29#") >= 3; }, h.monitor);
+  EXPECT_FALSE(h.Upload());
+  EXPECT_EQ(h.dialogs.shown.size(), 0u) << "closing the window is not an error";
+  EXPECT_FALSE(h.comm.IsOpen(kPort));
+  EXPECT_EQ(h.sim.CountCommands(":St +48*07#"), 0);
+}
+
+TEST(UploadMeade, AHangUpIsReportedExceptForASiteWriteOfAnUploadNotStartedByTheUser) {
+  struct Row {
+    const char* legend;
+    int hangUpAfterBytes;
+    bool fromUploadButton;
+    std::vector<std::string> messages;
+  };
+  const Row rows[] = {
+      {"during the longitude, user's upload", 5, true, {"UNABLE TO WRITE TO COM 1"}},
+      {"during the longitude, other upload", 5, false, {}},
+      {"during the offset, other upload", 30, false, {"UNABLE TO WRITE TO COM 1"}},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.legend);
+    SimBehaviour behaviour;
+    behaviour.hangUpAfterBytes = row.hangUpAfterBytes;
+    UploadHarness h(behaviour);
+    ASSERT_SIM_STARTED(h);
+    EXPECT_FALSE(h.Upload(row.fromUploadButton));
+    EXPECT_EQ(h.dialogs.Messages(), row.messages);
+    EXPECT_FALSE(h.comm.IsOpen(kPort));
+  }
+}
+
+}  // namespace
+}  // namespace astel::testing
