@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 
@@ -47,13 +48,19 @@ double LeadingNumber(std::string_view text) {
   std::size_t start = SkipBlanks(text);
   std::size_t length = NumericPrefixLength(text, start);
   if (length == 0) return 0;
-  std::string number(text.substr(start, length));
-  if (number.back() == '.') number.pop_back();
-  if (number.front() == '+') number.erase(0, 1);
-  if (number.front() == '.' || (number.front() == '-' && number[1] == '.')) {
-    number.insert(number.front() == '-' ? 1 : 0, "0");
+  std::string_view number = text.substr(start, length);
+  bool negative = false;
+  if (number.front() == '+' || number.front() == '-') {
+    negative = number.front() == '-';
+    number.remove_prefix(1);
   }
-  return std::strtod(number.c_str(), nullptr);
+  // from_chars ignores the locale: a decimal-comma desktop must still read "34.5" as 34.5.
+  double value = 0;
+  std::string digits(number);
+  if (digits.front() == '.') digits.insert(0, 1, '0');
+  if (digits.back() == '.') digits.pop_back();
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  return negative ? -value : value;
 }
 
 bool StartsWithNumber(std::string_view text) {

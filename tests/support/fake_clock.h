@@ -1,5 +1,7 @@
-// A clock that stands still until a test moves it, for every test that needs a fixed moment.
+// A clock that stands still until a test moves it, and records the times it was asked to set.
 #pragma once
+
+#include <vector>
 
 #include "core/ports.h"
 
@@ -10,14 +12,12 @@ class FakeClock : public Clock {
   LocalDateTime now;
   ZoneInfo zone;
   bool acceptSetTime = true;
-  int setTimeCalls = 0;
-  UtcDateTime lastSetTime;
+  std::vector<UtcDateTime> setTimes;
 
   LocalDateTime Now() override { return now; }
   ZoneInfo Zone() override { return zone; }
   bool SetSystemTime(const UtcDateTime& utc) override {
-    ++setTimeCalls;
-    lastSetTime = utc;
+    setTimes.push_back(utc);
     return acceptSetTime;
   }
 };

@@ -1,4 +1,5 @@
-// Test doubles of the ports, for every test that drives logic without windows.
+// Test doubles of the ports, for every test that drives logic without windows: the scripted
+// dialogs and the fixed clock, plus event passes and timers.
 #pragma once
 
 #include <deque>
@@ -7,48 +8,11 @@
 #include <vector>
 
 #include "core/ports.h"
+#include "tests/support/fake_clock.h"
+#include "tests/support/scripted_dialogs.h"
 #include "scope/timer_port.h"
 
 namespace astel::testing {
-
-// Answers prompts in the order they were queued and records everything it was shown. With its
-// queue empty an input box answers Cancel (""), a question No and an OK/Cancel box Cancel, and
-// `unanswered` counts it, so a test can tell an unexpected prompt from an expected one.
-class ScriptedDialogs : public Dialogs {
- public:
-  enum class Kind { kInput, kMessage, kYesNo, kOkCancel };
-  struct Shown {
-    Kind kind;
-    std::string text;
-    std::string title;
-    std::string defaultAnswer;
-  };
-
-  void QueueInput(std::string answer) { inputs_.push_back(std::move(answer)); }
-  void QueueYesNo(bool yes) { yesNo_.push_back(yes); }
-  void QueueOkCancel(bool ok) { okCancel_.push_back(ok); }
-
-  std::string InputBox(const std::string& prompt, const std::string& title,
-                       const std::string& defaultAnswer) override;
-  void MessageBox(const std::string& text, const std::string& title = "") override;
-  bool YesNo(const std::string& text, const std::string& title = "") override;
-  bool OkCancel(const std::string& text, const std::string& title = "") override;
-
-  // The texts of the message boxes, in order.
-  std::vector<std::string> Messages() const;
-  // The texts of every prompt of the given kind, in order.
-  std::vector<std::string> Prompts(Kind kind) const;
-
-  std::vector<Shown> shown;
-  int unanswered = 0;
-  std::function<void(const Shown&)> onShow;  // runs as each box appears
-
- private:
-  void Record(Shown item);
-  std::deque<std::string> inputs_;
-  std::deque<bool> yesNo_;
-  std::deque<bool> okCancel_;
-};
 
 // Counts event passes and pauses. Sleep really sleeps unless `fakeSleep` is set (then it only
 // advances `sleptMs`): wire tests need real time, since the simulated mount answers in it.
@@ -68,22 +32,6 @@ class FakeEvents : public Events {
  private:
   bool fakeSleep_;
   bool inHook_ = false;
-};
-
-// A clock that says what the test sets and records the times it was asked to set.
-class FakeClock : public Clock {
- public:
-  LocalDateTime Now() override { return now; }
-  ZoneInfo Zone() override { return zone; }
-  bool SetSystemTime(const UtcDateTime& utc) override {
-    setTimes.push_back(utc);
-    return acceptSetTime;
-  }
-
-  LocalDateTime now;
-  ZoneInfo zone;
-  bool acceptSetTime = true;
-  std::vector<UtcDateTime> setTimes;
 };
 
 // A window timer that only remembers whether it runs; the test fires it by calling the logic.

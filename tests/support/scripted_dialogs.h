@@ -1,10 +1,12 @@
 // A Dialogs that answers input boxes and questions from a script, in order, and records every
-// prompt, title and message it was shown. Running out of answers is a test failure (and Cancel).
+// prompt, title and message it was shown. An input box or question with nothing queued is a test
+// failure (and answers Cancel), so an unexpected prompt never passes unnoticed.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,15 +16,39 @@ namespace astel::testing {
 
 class ScriptedDialogs : public Dialogs {
  public:
+  enum class Kind { kInput, kMessage, kYesNo, kOkCancel };
+  struct Shown {
+    Kind kind;
+    std::string text;
+    std::string title;
+    std::string defaultAnswer;
+  };
+
   std::deque<std::string> answers;  // input boxes, in order
-  std::deque<bool> choices;         // yes/no and OK/Cancel, in order
+  std::deque<bool> choices;         // yes/no and OK/Cancel questions, in order
+  // Input-box prompts with their titles and defaults, messages, and questions, in order.
   std::vector<std::string> prompts, titles, defaults, messages, questions;
+  std::vector<Shown> shown;  // everything, in order
+  std::function<void(const Shown&)> onShow;  // runs as each box appears: the test plays the user
+
+  void QueueInput(std::string answer) { answers.push_back(std::move(answer)); }
+  void QueueYesNo(bool yes) { choices.push_back(yes); }
+  void QueueOkCancel(bool ok) { choices.push_back(ok); }
+  std::vector<std::string> Messages() const { return messages; }
+  std::vector<std::string> Prompts(Kind kind) const {
+    std::vector<std::string> texts;
+    for (const Shown& item : shown) {
+      if (item.kind == kind) texts.push_back(item.text);
+    }
+    return texts;
+  }
 
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& defaultAnswer) override {
     prompts.push_back(prompt);
     titles.push_back(title);
     defaults.push_back(defaultAnswer);
+    Record({Kind::kInput, prompt, title, defaultAnswer});
     if (answers.empty()) {
       ADD_FAILURE() << "unexpected input box: " << prompt;
       return "";
@@ -31,15 +57,25 @@ class ScriptedDialogs : public Dialogs {
     answers.pop_front();
     return answer;
   }
-  void MessageBox(const std::string& text, const std::string&) override {
+  void MessageBox(const std::string& text, const std::string& title = "") override {
     messages.push_back(text);
+    Record({Kind::kMessage, text, title, ""});
   }
-  bool YesNo(const std::string& text, const std::string&) override { return Choose(text); }
-  bool OkCancel(const std::string& text, const std::string&) override { return Choose(text); }
+  bool YesNo(const std::string& text, const std::string& title = "") override {
+    return Choose(Kind::kYesNo, text, title);
+  }
+  bool OkCancel(const std::string& text, const std::string& title = "") override {
+    return Choose(Kind::kOkCancel, text, title);
+  }
 
  private:
-  bool Choose(const std::string& text) {
+  void Record(Shown item) {
+    shown.push_back(std::move(item));
+    if (onShow) onShow(shown.back());
+  }
+  bool Choose(Kind kind, const std::string& text, const std::string& title) {
     questions.push_back(text);
+    Record({kind, text, title, ""});
     if (choices.empty()) {
       ADD_FAILURE() << "unexpected question: " << text;
       return false;
