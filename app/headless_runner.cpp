@@ -1,9 +1,13 @@
 #include "app/headless_runner.h"
 
+#include <iostream>
 #include <ostream>
 
+#include "catalog/search_ports.h"
+#include "scope/comm_io.h"
 #include "session/main_window.h"
 #include "session/startup.h"
+#include "session/tick_runner.h"
 
 namespace astel {
 
@@ -22,6 +26,14 @@ std::string ToUtf8(const std::string& latin1) {
   return out;
 }
 
+// Without windows a scan shows no progress: it only ever runs for a script.
+class NoSearchWindow : public SearchWindow {
+ public:
+  void Show(const std::string&) override {}
+  void SetProgress(const std::string&) override {}
+  void Hide() override {}
+};
+
 void PrintDisplay(const MainDisplay& d, std::ostream& out) {
   out << ToUtf8(d.label1) << "\n"
       << ToUtf8(d.date) << "  " << ToUtf8(d.time) << "  " << ToUtf8(d.gmt) << "\n"
@@ -39,10 +51,22 @@ void PrintDisplay(const MainDisplay& d, std::ostream& out) {
 }  // namespace
 
 int RunHeadless(SharedState& state, Ports& ports, std::ostream& out) {
-  MainWindowLogic window(state, ports.clock);
-  window.Tick();
-  PrintDisplay(window.Display(), out);
-  return kExitSuccess;
+  MainWindowLogic window(state, ports.clock, ports.dialogs);
+  NoSearchWindow searchWindow;
+  CatalogPorts catalogPorts{ports.dialogs, ports.events, searchWindow, ports.shell};
+  CommPorts comm(ports.events, std::cerr);
+  ScriptContext script{state,       ports.dialogs, ports.clock, ports.events,
+                       ports.shell, catalogPorts,  comm};
+  if (!state.script.scriptMode) {
+    window.Tick();
+    PrintDisplay(window.Display(), out);
+    return kExitSuccess;
+  }
+  while (true) {
+    TickOutcome outcome = RunTick(window, script);
+    if (outcome.exitProgram) return outcome.exitCode;
+    ports.events.Sleep(kTickMilliseconds);
+  }
 }
 
 }  // namespace astel

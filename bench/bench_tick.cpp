@@ -26,6 +26,17 @@ class SteppingClock : public astel::Clock {
   astel::LocalDateTime now{2026, 11, 22, 21, 0, 0};
 };
 
+// Messages have nowhere to go in a benchmark.
+class SilentDialogs : public astel::Dialogs {
+ public:
+  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
+    return "";
+  }
+  void MessageBox(const std::string&, const std::string&) override {}
+  bool YesNo(const std::string&, const std::string&) override { return false; }
+  bool OkCancel(const std::string&, const std::string&) override { return false; }
+};
+
 void SetUpState(astel::SharedState& state, int body) {
   astel::FillDateTables(state.time);
   astel::SetHomeLatitude(state.place, 51.4767);
@@ -36,8 +47,9 @@ void SetUpState(astel::SharedState& state, int body) {
 void BM_TickWithBody(benchmark::State& bench) {
   astel::SharedState state;
   SteppingClock clock;
+  SilentDialogs dialogs;
   SetUpState(state, static_cast<int>(bench.range(0)));
-  astel::MainWindowLogic logic(state, clock);
+  astel::MainWindowLogic logic(state, clock, dialogs);
   for (auto _ : bench) {
     logic.Tick();
     benchmark::DoNotOptimize(logic.Display().altitude.data());
@@ -52,13 +64,14 @@ BENCHMARK(BM_TickWithBody)
 void BM_TickWithCatalogObject(benchmark::State& bench) {
   astel::SharedState state;
   SteppingClock clock;
+  SilentDialogs dialogs;
   SetUpState(state, -1);
   state.object.Name1 = "M31";
   state.object.objRaHours = 0;
   state.object.objRaMinutes = 42.7;
   state.object.objDecDegrees = 41;
   state.object.objDecMinutes = 16;
-  astel::MainWindowLogic logic(state, clock);
+  astel::MainWindowLogic logic(state, clock, dialogs);
   for (auto _ : bench) {
     logic.Tick();
     benchmark::DoNotOptimize(logic.Display().altitude.data());

@@ -4,6 +4,7 @@
 #include "astro/rise_transit_set.h"
 #include "astro/solar_system.h"
 #include "astro/time_scales.h"
+#include "catalog/transient_catalog.h"
 #include "core/text_format.h"
 #include "session/display_format.h"
 
@@ -28,6 +29,7 @@ bool HasShownObject(const SharedState& s) {
 void MainWindowLogic::Load() {
   SharedState& s = state_;
   if (s.object.objectKind >= 0) UpdateSelectedBody(s);
+  if (s.search.transientCatalog && s.object.objectKind < 0) ReloadTransientPosition(s, dialogs_);
   if (HasShownObject(s)) {
     ComputeAltAz(s);
     if (!s.time.riseSetCurrent) UpdateRiseTransitSet(s);

@@ -11,10 +11,12 @@ namespace astel {
 
 class MainWindowLogic {
  public:
-  MainWindowLogic(SharedState& state, Clock& clock) : state_(state), clock_(clock) {}
+  MainWindowLogic(SharedState& state, Clock& clock, Dialogs& dialogs)
+      : state_(state), clock_(clock), dialogs_(dialogs) {}
 
-  // The load handler: the shown object's position, altitude and azimuth for the current moment,
-  // rise/transit/set when they are not current, then every caption. Enables the main timer.
+  // The load handler: the shown object's position (a body, or a transient catalog's record for
+  // the time), altitude and azimuth for the current moment, rise/transit/set when they are not
+  // current, then every caption. Enables the main timer.
   void Load();
 
   // One timer tick: the clock (in real time), the time scales and zone label, then Load.
@@ -33,6 +35,7 @@ class MainWindowLogic {
 
   SharedState& state_;
   Clock& clock_;
+  Dialogs& dialogs_;
   MainDisplay display_;
 };
 

@@ -30,7 +30,7 @@ QFrame* Group(QWidget* parent) {
 Form1::Form1(GuiContext& context, QWidget* parent)
     : QWidget(parent),
       context_(context),
-      logic_(context.state, context.clock),
+      logic_(context.state, context.clock, context.dialogs),
       palette_(context.state.display) {
   setObjectName("Form1");
   setAutoFillBackground(true);

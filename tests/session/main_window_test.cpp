@@ -36,7 +36,7 @@ class MainWindowTest : public ::testing::Test {
   testing::ScriptedDialogs dialogs;
   NoWindows windows;
   SharedState state;
-  MainWindowLogic logic{state, clock};
+  MainWindowLogic logic{state, clock, dialogs};
 };
 
 TEST_F(MainWindowTest, PlaceAndTimeCaptions) {

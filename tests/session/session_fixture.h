@@ -38,7 +38,7 @@ class StartedProgram : public ::testing::Test {
   ScriptedDialogs dialogs;
   NoWindows windows;
   SharedState state;
-  MainWindowLogic logic{state, clock};
+  MainWindowLogic logic{state, clock, dialogs};
 };
 
 }  // namespace astel::testing
