@@ -1,0 +1,258 @@
+// The built program run from a shell with a script: exit codes, the command log, the matches file
+// and the bytes a simulated telescope received. The clock stands still at 2026-11-22 21:00:00 UTC
+// (faketime) at 53 N 2 W, so every line is the same on every run.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "catalog/catalog_record.h"
+#include "core/home_file.h"
+#include "core/location.h"
+#include "tests/e2e/program_run.h"
+#include "tests/support/scope_simulator.h"
+#include "tests/support/temp_dir.h"
+
+namespace astel {
+namespace {
+
+using testing::Lines;
+using testing::ReadFile;
+
+constexpr const char* kFrozenNow = "2026-11-22 21:00:00";
+
+class ProgramTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (testing::FakeTimeProgram().empty()) GTEST_SKIP() << "faketime is not installed";
+    run.program = ASTEL_PROGRAM;
+    run.home = dir.path();
+    run.fakeTime = kFrozenNow;
+    WriteHome(10000);
+    WriteCatalog();
+  }
+
+  void WriteHome(int scopeCode) {
+    HomeFileRecord home;
+    home.homeLatitude = 53.0 / kDegreesPerRadianExact;
+    home.homeLongitude = 2.0 / kDegreesPerRadianExact;
+    home.scopeCode = scopeCode;
+    home.comPort = 1;
+    home.firstStartDate = 2461000.5;
+    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
+  }
+
+  void WriteCatalog() {
+    std::ofstream out(dir.path() + "/TEST.OBC", std::ios::binary);
+    out << ComposeHeader("TEST.OBC", 2000, "end-to-end test catalog") << "\r\n";
+    auto record = [&](const char* name, const char* name2, int raH, double raM, int decSign,
+                      int decD, double decM, const char* mag) {
+      RecordFields f;
+      f.names = {name, name2, "", "", ""};
+      f.raHours = raH;
+      f.raMinutes = raM;
+      f.decSign = decSign;
+      f.decDegrees = decD;
+      f.decMinutes = decM;
+      f.magnitudeText = mag;
+      out << ComposeRecord(f) << "\r\n";
+    };
+    record("M3", "NGC 5272", 13, 42.2, 1, 28, 22.6, "6.2");
+    record("M30", "NGC 7099", 21, 40.4, -1, 23, 10.8, "7.2");
+    record("M31", "NGC 224", 0, 42.7, 1, 41, 16.2, "3.4");
+    record("Vega", "Alp Lyr", 18, 36.9, 1, 38, 47.0, "0.03");
+    record("Achernar", "Alp Eri", 1, 37.7, -1, 57, 14.2, "0.46");
+    record("Nameless", "", 3, 0.0, 1, 10, 0.0, "");
+  }
+
+  // A simulated mount of the given family behind COM1.
+  testing::ScopeSimulator& Telescope(int scopeType, int scopeCode) {
+    sim = std::make_unique<testing::ScopeSimulator>(scopeType);
+    EXPECT_TRUE(sim->Start());
+    run.environment["ASTEL_COM1"] = sim->DevicePath();
+    WriteHome(scopeCode);
+    return *sim;
+  }
+
+  std::vector<std::string> LogLines() { return Lines(ReadFile(dir.path() + "/ASTELLOG.TXT")); }
+
+  testing::TempDir dir;
+  testing::ProgramRun run;
+  std::unique_ptr<testing::ScopeSimulator> sim;
+};
+
+const std::string kHeader =
+    "COMMAND LOG WRITTEN 22-11-2026 STARTING 21:00:00 LOCAL TIME, GMT= 21:00:00:00   LOCATION "
+    "FILE: ASTEL.HOM LAT= 53 \xB0 0 ' LONG= 2 \xB0 0 ' GOTO SCOPE=";
+
+TEST_F(ProgramTest, CatalogFindAndMatchWriteTheLogAndTheMatchesFile) {
+  testing::RunResult r = run.Run({"CAT=TEST.OBC;FIND=M3;MATCH=1;MATCH=1"});
+  ASSERT_EQ(r.exitCode, 0) << r.errors;
+  std::vector<std::string> log = LogLines();
+  ASSERT_EQ(log.size(), 11u) << ReadFile(dir.path() + "/ASTELLOG.TXT");
+  EXPECT_EQ(log[0], "  ");
+  EXPECT_EQ(log[1], kHeader + " 0 ");
+  EXPECT_EQ(log[2], "  ");
+  EXPECT_EQ(log[3], "No Object Selected  22-11-2026 21:00:00");
+  EXPECT_EQ(log[4], "Command1: CAT=TEST.OBC Successful");
+  EXPECT_EQ(log[5].substr(0, 26), "M3           NGC 5272     ");
+  EXPECT_NE(log[5].find(" Alt=-8.2 \xB0 MAG=6.20  22-11-2026 21:00:00"), std::string::npos)
+      << log[5] << ": M3 is below the horizon at 21h";
+  EXPECT_EQ(log[6], "Command2: FIND=M3 Successful");
+  EXPECT_EQ(log[7].substr(0, 25), "M30          NGC 7099    ");
+  EXPECT_EQ(log[8], "Command3: MATCH=1 Successful");
+  EXPECT_EQ(log[9].substr(0, 25), "M31          NGC 224     ");
+  EXPECT_EQ(log[10], "Command4: MATCH=1 Successful");
+
+  std::vector<std::string> matches = Lines(ReadFile(dir.path() + "/MATCHES.TXT"));
+  ASSERT_EQ(matches.size(), 10u);
+  EXPECT_EQ(matches[0], "ASTEL+S Search= \"M3\"");
+  EXPECT_EQ(matches[1].substr(0, 52), "Data is for 22-11-2026 at 21:00:00 Local Time, GMT= ");
+  EXPECT_EQ(matches[3], "    ");
+  EXPECT_EQ(matches[4].substr(0, 16), " 1. M3          ");
+  EXPECT_EQ(matches[6].substr(0, 16), " 2. M30         ");
+  EXPECT_EQ(matches[8].substr(0, 16), " 3. M31         ");
+  EXPECT_NE(matches[9].find("    Alt=78.1\xB0    Az=194.0\xB0    Mag= 3.4     R.A. = 00h 44.2m"),
+            std::string::npos)
+      << matches[9];
+}
+
+TEST_F(ProgramTest, LimitsAndSecondName) {
+  testing::RunResult r = run.Run({"CAT=TEST.OBC;MINMAG=5;FIND=M*;MATCH=1"});
+  EXPECT_EQ(r.exitCode, 2) << r.errors;
+  std::vector<std::string> log = LogLines();
+  EXPECT_NE(std::find(log.begin(), log.end(), "Command3: FIND=M* Successful"), log.end());
+  EXPECT_EQ(log.back(), "Command4: MATCH=1 Error: Match not found");
+  std::vector<std::string> matches = Lines(ReadFile(dir.path() + "/MATCHES.TXT"));
+  EXPECT_EQ(matches[0], "ASTEL+S Search= \"M*\", Brighter than Mag 5");
+  ASSERT_EQ(matches.size(), 6u) << "only M31 is brighter than 5";
+  EXPECT_EQ(matches[4].substr(0, 8), " 1. M31 ");
+
+  r = run.Run({"CAT=TEST.OBC;MINALT=10;NAME2=Alp Eri;FIND=A"});
+  EXPECT_EQ(r.exitCode, 2);
+  EXPECT_EQ(LogLines().back(), "Command4: FIND=A Error: Object not found in TEST.OBC");
+}
+
+TEST_F(ProgramTest, GotoSendsTheLx200CommandsToTheTelescope) {
+  testing::ScopeSimulator& scope = Telescope(4, 401);
+  testing::RunResult r = run.Run(
+      {"RA=05H34.5M DEC=22D01M EPOCH=2027;GOTO=1;PLANET=3;STAY=1;CAT=TEST.OBC;FIND=Achernar;"
+       "GOTO=1"});
+  EXPECT_EQ(r.exitCode, 2) << r.errors;
+  const std::string bytes = scope.ReceivedBytes();
+  EXPECT_EQ(bytes.substr(0, 30), "#:Sr 05:34.5##:Sd +22*01##:MS#");
+  EXPECT_NE(bytes.find("#:MS#", 25), std::string::npos) << "STAY sends the Moon: " << bytes;
+  EXPECT_EQ(bytes.size(), 60u) << "two GoTos and nothing for Achernar: " << bytes;
+  std::vector<std::string> log = LogLines();
+  EXPECT_EQ(log[1], kHeader + " 4 ");
+  EXPECT_EQ(log.back(), "Command7: GOTO=1 Error: No object selected or object not visible");
+}
+
+TEST_F(ProgramTest, GotoSendsTheNexStarHexCommand) {
+  testing::ScopeSimulator& scope = Telescope(1, 101);
+  testing::RunResult r = run.Run({"RA=05H34.5M DEC=-0D30M EPOCH=2027;GOTO=1"});
+  ASSERT_EQ(r.exitCode, 0) << r.errors;
+  // RA 334.5 arc-minutes of time: 15223.5 steps = 0x3B 0x77; Dec -30': 65444.4 steps.
+  EXPECT_EQ(scope.ReceivedBytes(), "R3B77,FFA5");
+}
+
+struct Malformed {
+  const char* legend;
+  const char* script;
+  const char* lastLogLine;
+};
+
+class MalformedScript : public ProgramTest, public ::testing::WithParamInterface<Malformed> {};
+
+TEST_P(MalformedScript, EndsWithItsMessageAndExitCodeTwo) {
+  testing::RunResult r = run.Run({GetParam().script});
+  EXPECT_EQ(r.exitCode, 2) << r.errors;
+  EXPECT_EQ(LogLines().back(), GetParam().lastLogLine);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryForm, MalformedScript,
+    ::testing::Values(
+        Malformed{"empty piece", "PLANET=3;;PLANET=4",
+                  "Command2:  Error: No 'equal sign' in command"},
+        Malformed{"no equal sign", "FIND M31",
+                  "Command1: FIND M31 Error: No 'equal sign' in command"},
+        Malformed{"unknown keyword", "FOO=1", "Command1: FOO=1 Error: Command not Recognized"},
+        Malformed{"day 32", "DATE=32", "Command1: DATE=32 Error: Invalid date"},
+        Malformed{"altitude 0", "MINALT=0", "Command1: MINALT=0 Error: Invalid Minimum Altitude"},
+        Malformed{"magnitude 90", "MINMAG=90",
+                  "Command1: MINMAG=90 Error: Invalid Minimum Magnitude"},
+        Malformed{"a day of sleep", "SLEEP=86400", "Command1: SLEEP=86400 Error: Invalid Interval"},
+        Malformed{"wait hour", "WAIT=25:00",
+                  "Command1: WAIT=25:00 Error: Invalid time format: invalid hour"},
+        Malformed{"exit without colon", "EXIT=2100",
+                  "Command1: EXIT=2100 Error: Invalid time format - no ':'"},
+        Malformed{"command past the end", "COMMAND=2",
+                  "Command1: COMMAND=2 Error: Invalid Command Number"},
+        Malformed{"no such catalog", "CAT=NONE.OBC",
+                  "Command1: CAT=NONE.OBC Error: Cannot Open Catalog NONE.OBC"},
+        Malformed{"no declination", "RA=05H34.5M",
+                  "Command1: RA=05H34.5M Error: 'dec=' not specified"},
+        Malformed{"no telescope", "PLANET=3;GOTO=1",
+                  "Command2: GOTO=1 Error: Invalid telescope selection for automation"}),
+    [](const auto& info) {
+      std::string name = info.param.legend;
+      for (char& c : name) {
+        if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
+      }
+      return name;
+    });
+
+TEST_F(ProgramTest, TooManyCommandsNeverStart) {
+  std::string script = "PLANET=3";
+  for (int i = 0; i < 25; ++i)
+    script += ";PLANET=3";
+  testing::RunResult r = run.Run({script});
+  EXPECT_EQ(r.exitCode, 1);
+  EXPECT_NE(r.errors.find("more than 25 commands"), std::string::npos) << r.errors;
+  EXPECT_FALSE(std::filesystem::exists(dir.path() + "/ASTELLOG.TXT"));
+}
+
+TEST_F(ProgramTest, ExitTimeJumpsAndShell) {
+  testing::RunResult r = run.Run({"EXIT=20:59;PLANET=3;PLANET=4"});
+  EXPECT_EQ(r.exitCode, 0) << r.errors;
+  std::vector<std::string> log = LogLines();
+  EXPECT_EQ(log.back(), "Exit time detected");
+  EXPECT_EQ(std::count_if(log.begin(), log.end(),
+                          [](const std::string& l) { return l.rfind("Command3", 0) == 0; }),
+            0);
+
+  const std::string marker = dir.path() + "/marker";
+  r = run.Run({"PLANET=3;COMMAND=4;FOO=1;SHELL=/usr/bin/touch " + marker});
+  EXPECT_EQ(r.exitCode, 0) << r.errors;
+  for (int i = 0; i < 100 && !std::filesystem::exists(marker); ++i) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));  // the program runs detached
+  }
+  EXPECT_TRUE(std::filesystem::exists(marker));
+}
+
+TEST_F(ProgramTest, WaitAndSleepFollowTheRunningClock) {
+  run.fakeTime = "2026-11-22 20:59:58";
+  run.frozenClock = false;
+  testing::RunResult r = run.Run({"WAIT=21:00:00;SLEEP=1"});
+  EXPECT_EQ(r.exitCode, 0) << r.errors;
+  EXPECT_GE(r.seconds, 2.5);
+  std::string log = ReadFile(dir.path() + "/ASTELLOG.TXT");
+  EXPECT_NE(log.find("Command1: WAIT=21:00:00 Start Waiting\r\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("Command1: WAIT=21:00:00 Successful\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command2: SLEEP=1 Start Sleeping\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command2: SLEEP=1 Successful\r\n"), std::string::npos);
+}
+
+TEST_F(ProgramTest, StarGuideReminderReachesStandardError) {
+  Telescope(3, 302);
+  testing::RunResult r = run.Run({"PLANET=3;GOTO=1"});
+  EXPECT_EQ(r.exitCode, 0) << r.errors;
+  EXPECT_NE(r.errors.find("You must press a key on the scope before next 'GOTO'"),
+            std::string::npos)
+      << r.errors;
+}
+
+}  // namespace
+}  // namespace astel

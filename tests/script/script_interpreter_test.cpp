@@ -1,0 +1,263 @@
+#include "script/script_interpreter.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/script/script_rig.h"
+
+namespace astel {
+namespace {
+
+using testing::ScriptRig;
+
+class ScriptCommands : public ScriptRig {};
+
+TEST_F(ScriptCommands, KeywordsEqualSignsAndUnknownCommands) {
+  Start("CAT=TEST.OBC");
+  EXPECT_EQ(Run("FIND M31"), kCommandFailed);
+  EXPECT_EQ(LastOutcome(), "Command1: FIND M31 Error: No 'equal sign' in command");
+  EXPECT_EQ(Run(""), kCommandFailed);
+  EXPECT_EQ(state.script.message, "No 'equal sign' in command");
+  EXPECT_EQ(Run("FOO=1"), kCommandFailed);
+  EXPECT_EQ(LastOutcome(), "Command1: FOO=1 Error: Command not Recognized");
+  EXPECT_EQ(state.form.statusText, "Processing Command1:  FOO=1");
+
+  // The letters right before the first "=" decide; text in front is tolerated, the argument
+  // keeps its case, and lower-case keywords work.
+  EXPECT_EQ(Run("  please cat=TEST.OBC"), kCommandRunning);
+  EXPECT_EQ(state.files.catalogFileName, "TEST.OBC");
+  EXPECT_EQ(Run("name2=Per"), kCommandRunning);
+  EXPECT_EQ(state.search.secondName, "Per");
+  EXPECT_EQ(LastOutcome(), "Command1: name2=Per Successful");
+}
+
+TEST_F(ScriptCommands, CatalogFindAndMatch) {
+  Start("CAT=TEST.OBC");
+  EXPECT_EQ(Run("CAT=NOPE.OBC"), kCommandFailed);
+  EXPECT_EQ(LastOutcome(), "Command1: CAT=NOPE.OBC Error: Cannot Open Catalog NOPE.OBC");
+  ASSERT_EQ(Run("CAT=TEST.OBC"), kCommandRunning);
+  ASSERT_EQ(Run("FIND=M3"), kCommandRunning);
+  EXPECT_EQ(state.object.Name1.substr(0, 3), "M3 ");
+  ASSERT_EQ(Run("MATCH=1"), kCommandRunning);
+  EXPECT_EQ(state.object.Name1.substr(0, 4), "M30 ");
+  ASSERT_EQ(Run("MATCH=1"), kCommandRunning);
+  EXPECT_EQ(state.object.Name1.substr(0, 4), "M31 ");
+  EXPECT_EQ(Run("MATCH=1"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Match not found");
+  EXPECT_EQ(Run("FIND=Polaris"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Object not found in TEST.OBC");
+  EXPECT_TRUE(dialogs.messages.empty()) << "a script shows no message boxes for its searches";
+
+  // A limit set by the script applies to the next search: Achernar never rises at 53 north.
+  ASSERT_EQ(Run("MINALT=1"), kCommandRunning);
+  EXPECT_EQ(Run("FIND=Achernar"), kCommandFailed);
+}
+
+TEST_F(ScriptCommands, LimitsAndTheirRanges) {
+  Start("MINALT=1");
+  struct Case {
+    const char* line;
+    int status;
+    const char* message;
+  };
+  const Case cases[] = {
+      {"MINALT=0", kCommandFailed, "Invalid Minimum Altitude"},
+      {"MINALT=90", kCommandFailed, "Invalid Minimum Altitude"},
+      {"MINALT=abc", kCommandFailed, "Invalid Minimum Altitude"},
+      {"MINALT=89.5", kCommandRunning, ""},
+      {"MINMAG=-2", kCommandRunning, ""},
+      {"MINMAG=-2.1", kCommandFailed, "Invalid Minimum Magnitude"},
+      {"MINMAG=90", kCommandFailed, "Invalid Minimum Magnitude"},
+      {"MINMAG=", kCommandFailed, "Invalid Minimum Magnitude"},
+      {"DATE=0", kCommandFailed, "Invalid date"},
+      {"DATE=32", kCommandFailed, "Invalid date"},
+      {"DATE=31", kCommandRunning, ""},
+      {"SLEEP=0", kCommandFailed, "Invalid Interval"},
+      {"SLEEP=86400", kCommandFailed, "Invalid Interval"},
+      {"SLEEP=x", kCommandFailed, "Invalid Interval"},
+      {"PLANET=10", kCommandFailed, "Invalid Planet Number"},
+      {"PLANET=-1", kCommandFailed, "Invalid Planet Number"},
+      {"COMMAND=0", kCommandFailed, "Invalid Command Number"},
+      {"COMMAND=2", kCommandFailed, "Invalid Command Number"},
+      {"COMMAND=1", kCommandRunning, ""},
+  };
+  for (const Case& c : cases) {
+    EXPECT_EQ(Run(c.line), c.status) << c.line;
+    EXPECT_EQ(state.script.message, c.message) << c.line;
+  }
+  EXPECT_FLOAT_EQ(state.search.minAltitude, 89.5f);
+  EXPECT_DOUBLE_EQ(state.search.faintestMagnitude, -2);
+  EXPECT_EQ(state.script.waitDay, 31);
+  EXPECT_EQ(state.script.scriptLineIndex, 0) << "COMMAND=1: the step then runs command 1";
+}
+
+TEST_F(ScriptCommands, WaitAndSleepBlockWithTheTimerOff) {
+  Start("WAIT=21:00:30");
+  struct Case {
+    const char* argument;
+    const char* message;
+  };
+  const Case bad[] = {{"24:00", "Invalid time format: invalid hour"},
+                      {"x:10", "Invalid time format: invalid hour"},
+                      {"10:60", "Invalid time format: invalid minutes"},
+                      {"10", "Invalid time format: invalid minutes"},
+                      {"10:00:60", "Invalid time format: invalid seconds"}};
+  for (const Case& c : bad) {
+    EXPECT_EQ(Run(std::string("WAIT=") + c.argument), kCommandFailed) << c.argument;
+    EXPECT_EQ(state.script.message, c.message) << c.argument;
+  }
+  EXPECT_EQ(events.sleptMs, 0);
+
+  ASSERT_EQ(Run("WAIT=21:00:30"), kCommandRunning);
+  EXPECT_EQ(clock.now.minute * 60 + clock.now.second, 30);
+  EXPECT_TRUE(state.form.timer1Enabled);
+  EXPECT_NE(Log().find("Command1: WAIT=21:00:30 Start Waiting\r\n"), std::string::npos);
+  EXPECT_EQ(LastOutcome(), "Command1: WAIT=21:00:30 Successful");
+
+  // A time passed less than twelve hours ago does not wait; one after midnight does.
+  const long slept = events.sleptMs;
+  ASSERT_EQ(Run("WAIT=20:00"), kCommandRunning);
+  EXPECT_EQ(events.sleptMs, slept);
+  ASSERT_EQ(Run("WAIT=00:10"), kCommandRunning);
+  EXPECT_EQ(clock.now.hour, 0);
+  EXPECT_EQ(clock.now.minute, 10);
+  EXPECT_EQ(clock.now.day, 23);
+
+  // DATE names the day the next WAIT ends on.
+  ASSERT_EQ(Run("DATE=24"), kCommandRunning);
+  ASSERT_EQ(Run("WAIT=00:05"), kCommandRunning);
+  EXPECT_EQ(clock.now.day, 24);
+  EXPECT_EQ(clock.now.minute, 5);
+
+  const long before = events.sleptMs;
+  ASSERT_EQ(Run("SLEEP=1.5"), kCommandRunning);
+  EXPECT_EQ(events.sleptMs - before, 1500);
+  EXPECT_NE(Log().find("Command1: SLEEP=1.5 Start Sleeping\r\n"), std::string::npos);
+  EXPECT_TRUE(state.form.timer1Enabled);
+
+  // A closing window ends a wait.
+  state.script.stopRequested = true;
+  EXPECT_EQ(Run("SLEEP=100"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Script stopped");
+}
+
+TEST_F(ScriptCommands, ExitTimeEndsTheScript) {
+  Start("EXIT=21:05;SLEEP=1;SLEEP=1");
+  EXPECT_EQ(Run("EXIT=2105"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Invalid time format - no ':'");
+  EXPECT_EQ(Run("EXIT=25:00"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Invalid time format: invalid hour");
+  EXPECT_EQ(Run("EXIT=21:61"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Invalid time format: invalid minutes");
+
+  ASSERT_EQ(Run("EXIT=21:05"), kCommandRunning);
+  state.script.scriptLineIndex = 2;
+  ASSERT_EQ(Run("SLEEP=1"), kCommandRunning) << "21:00 is before the exit time";
+  clock.now.minute = 5;
+  EXPECT_EQ(Run("SLEEP=1"), kCommandExitTime);
+  EXPECT_EQ(state.script.scriptLineIndex, state.script.scriptLineCount);
+  EXPECT_EQ(LastOutcome(), "Exit time detected");
+}
+
+TEST_F(ScriptCommands, PositionsAndPlanets) {
+  Start("RA=1");
+  struct Case {
+    const char* line;
+    const char* message;
+  };
+  const Case bad[] = {
+      {"RA=0534M DEC=22D01M", "'hour' not specified"},
+      {"RA=24H00M DEC=22D01M", "invalid RA hour"},
+      {"RA=5.5H00M DEC=22D01M", "invalid RA hour"},
+      {"RA=05H60M DEC=22D01M", "invalid RA minutes"},
+      {"RA=05H34.5M", "'dec=' not specified"},
+      {"RA=05H34.5M DEC=91D00M", "invalid Dec degrees"},
+      {"RA=05H34.5M DEC=22D60M", "invalid Dec minutes"},
+      {"RA=05H34.5M DEC=22D01M EPOCH=1850", "Invalid epoch Specified"},
+      {"RA=05H34.5M DEC=22D01M EPOCH=soon", "Invalid epoch Specified"},
+  };
+  for (const Case& c : bad) {
+    EXPECT_EQ(Run(c.line), kCommandFailed) << c.line;
+    EXPECT_EQ(state.script.message, c.message) << c.line;
+  }
+
+  ASSERT_EQ(Run("RA=05H34.5M,DEC=-0D30M,EPOCH=2027"), kCommandRunning) << state.script.message;
+  EXPECT_EQ(state.object.objRaHours, 5);
+  EXPECT_NEAR(state.object.objRaMinutes, 34.5, 1e-9)
+      << "late 2026 rounds to epoch 2027: no precession";
+  EXPECT_EQ(state.object.objDecDegrees, 0);
+  EXPECT_EQ(state.object.objDecSign, -1);
+  EXPECT_EQ(state.object.Name3, "Epoch 2027");
+  EXPECT_EQ(state.object.Name4, "ScriptCmd=1");
+  EXPECT_EQ(state.search.foundState, 1);
+
+  ASSERT_EQ(Run("RA=05H34.5M DEC=22D01M"), kCommandRunning);  // J2000, carried to the date
+  EXPECT_GT(state.object.objRaMinutes, 35.5);
+  EXPECT_EQ(state.object.Name3, "Epoch 2000");
+
+  ASSERT_EQ(Run("PLANET=5"), kCommandRunning);
+  EXPECT_EQ(state.object.Name1, "Jupiter");
+  EXPECT_EQ(state.object.Name3, "");
+  EXPECT_EQ(state.object.Name4, "");
+  EXPECT_NE(Log().find("Jupiter Dist="), std::string::npos);
+}
+
+TEST_F(ScriptCommands, ShellStartsProgramsWithParameters) {
+  Start("SHELL=x");
+  ASSERT_EQ(Run("SHELL=/usr/bin/notify-send Observing started"), kCommandRunning);
+  ASSERT_EQ(shell.started.size(), 1u);
+  EXPECT_EQ(shell.started[0], "/usr/bin/notify-send|Observing started");
+  shell.works = false;
+  EXPECT_EQ(Run("SHELL=missing-program"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Error Running Program");
+  EXPECT_EQ(Run("SHELL="), kCommandFailed);
+}
+
+TEST_F(ScriptCommands, GotoNeedsATelescopeAndAVisibleObject) {
+  Start("GOTO=1", 10000);
+  ASSERT_EQ(Run("CAT=TEST.OBC"), kCommandRunning);
+  ASSERT_EQ(Run("FIND=Vega"), kCommandRunning);
+  EXPECT_EQ(Run("GOTO=1"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "Invalid telescope selection for automation");
+
+  state.telescope.scopeType = 4;
+  state.search.foundState = 0;
+  state.object.Name1.clear();
+  EXPECT_EQ(Run("STAY=1"), kCommandFailed);
+  EXPECT_EQ(state.script.message, "No object selected or object not visible");
+  ASSERT_EQ(Run("MINALT=1"), kCommandRunning);
+  state.search.minAltitude = -90;
+  ASSERT_EQ(Run("FIND=Achernar"), kCommandRunning);
+  EXPECT_EQ(Run("GOTO=1"), kCommandFailed) << "far below the horizon";
+  EXPECT_EQ(state.script.message, "No object selected or object not visible");
+
+  ASSERT_EQ(Run("FIND=Vega"), kCommandRunning);
+  EXPECT_EQ(Run("GOTO=1"), kCommandFailed) << "no device behind COM1";
+  EXPECT_EQ(state.script.message, "error processing Goto command");
+  EXPECT_TRUE(dialogs.messages.empty()) << "telescope messages are not shown in a script";
+}
+
+TEST_F(ScriptCommands, StepsOneCommandAndEndsWithItsStatus) {
+  Start("SLEEP=0.5;COMMAND=4;FOO=1;PLANET=3");
+  ScriptStep step = StepScript(context);
+  EXPECT_FALSE(step.finished);
+  EXPECT_EQ(state.script.scriptLineIndex, 2);
+  step = StepScript(context);  // COMMAND=4 skips the bad command
+  EXPECT_EQ(state.script.scriptLineIndex, 4);
+  step = StepScript(context);
+  EXPECT_FALSE(step.finished);
+  step = StepScript(context);
+  EXPECT_TRUE(step.finished);
+  EXPECT_EQ(step.exitCode, 0);
+
+  SharedState fresh;
+  state = fresh;
+  Start("PLANET=3;FOO=1;PLANET=4");
+  EXPECT_FALSE(StepScript(context).finished);
+  step = StepScript(context);
+  EXPECT_TRUE(step.finished);
+  EXPECT_EQ(step.exitCode, kCommandFailed);
+  EXPECT_EQ(LastOutcome(), "Command2: FOO=1 Error: Command not Recognized");
+}
+
+}  // namespace
+}  // namespace astel
