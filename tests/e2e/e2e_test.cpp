@@ -214,14 +214,15 @@ TEST_F(ProgramTest, ExitTimeJumpsAndShell) {
 TEST_F(ProgramTest, WaitAndSleepFollowTheRunningClock) {
   run.fakeTime = "2026-11-22 20:59:58";
   run.frozenClock = false;
-  testing::RunResult r = run.Run({"WAIT=21:00:00;SLEEP=1"});
+  testing::RunResult r = run.Run({"DATE=22;WAIT=21:00:00;SLEEP=1"});
   EXPECT_EQ(r.exitCode, 0) << r.errors;
-  EXPECT_GE(r.seconds, 2.5);
+  EXPECT_GE(r.seconds, 2.5) << "the wait ends on the 22nd at 21:00, then a second of sleep";
   std::string log = ReadFile(dir.path() + "/ASTELLOG.TXT");
-  EXPECT_NE(log.find("Command1: WAIT=21:00:00 Start Waiting\r\n"), std::string::npos) << log;
-  EXPECT_NE(log.find("Command1: WAIT=21:00:00 Successful\r\n"), std::string::npos);
-  EXPECT_NE(log.find("Command2: SLEEP=1 Start Sleeping\r\n"), std::string::npos);
-  EXPECT_NE(log.find("Command2: SLEEP=1 Successful\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command1: DATE=22 Successful\r\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("Command2: WAIT=21:00:00 Start Waiting\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command2: WAIT=21:00:00 Successful\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command3: SLEEP=1 Start Sleeping\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command3: SLEEP=1 Successful\r\n"), std::string::npos);
 }
 
 TEST_F(ProgramTest, StarGuideReminderReachesStandardError) {
