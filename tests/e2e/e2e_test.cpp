@@ -26,6 +26,9 @@ class ProgramTest : public ::testing::Test {
  protected:
   void SetUp() override {
     if (testing::FakeTimeProgram().empty()) GTEST_SKIP() << "faketime is not installed";
+#ifdef ASTEL_SANITIZED_PROGRAM
+    GTEST_SKIP() << "libfaketime cannot be preloaded into a sanitizer build";
+#endif
     run.program = ASTEL_PROGRAM;
     run.home = dir.path();
     run.fakeTime = kFrozenNow;
