@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -59,7 +60,10 @@ void BM_StartupAndFormToFirstPaint(benchmark::State& bench) {
       bench.SkipWithError("no home file in the build folder");
       return;
     }
-    astel::ui::GuiContext context{state, dialogs, clock, events, shell, clipboard, windows, "", ""};
+    std::ostringstream diagnostics;
+    astel::CommPorts comm(events, diagnostics);
+    astel::ui::GuiContext context{state,   dialogs, clock, events, shell, clipboard,
+                                  windows, comm,    "",    "",     {}};
     astel::ui::Form1 form(context);
     bool painted = false;
     form.onFirstPaint = [&painted] { painted = true; };
