@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QListWidget>
 #include <QtTest>
 #include <deque>
 #include <functional>
@@ -131,5 +132,15 @@ struct TestProgram {
   ui::GuiContext context{state,   dialogs, clock, events, shell, clipboard,
                          windows, comm,    "",    "",     {}};
 };
+
+// A click on a list's row, and the row that shows a text (-1 when none does).
+inline void ClickRow(QListWidget* list, int row) {
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualItemRect(list->item(row)).center());
+}
+inline int RowOf(QListWidget* list, const QString& text) {
+  const auto found = list->findItems(text, Qt::MatchExactly);
+  return found.isEmpty() ? -1 : list->row(found.front());
+}
 
 }  // namespace astel::uitest
