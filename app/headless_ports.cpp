@@ -4,23 +4,11 @@
 #include <ostream>
 #include <thread>
 
+#include "app/terminal_text.h"
+
 namespace astel {
 
 namespace {
-
-// Messages keep their Latin-1 bytes in memory; the terminal gets UTF-8.
-std::string ToUtf8(const std::string& latin1) {
-  std::string out;
-  for (unsigned char c : latin1) {
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else {
-      out += static_cast<char>(0xC0 | (c >> 6));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-  }
-  return out;
-}
 
 // "\n\r" and "\r\n" inside a message are one line break on a terminal.
 std::string OneLine(const std::string& text) {

@@ -3,6 +3,7 @@
 #include <iostream>
 #include <ostream>
 
+#include "app/terminal_text.h"
 #include "catalog/search_ports.h"
 #include "scope/comm_io.h"
 #include "session/main_window.h"
@@ -12,19 +13,6 @@
 namespace astel {
 
 namespace {
-
-std::string ToUtf8(const std::string& latin1) {
-  std::string out;
-  for (unsigned char c : latin1) {
-    if (c < 0x80) {
-      out += static_cast<char>(c);
-    } else {
-      out += static_cast<char>(0xC0 | (c >> 6));
-      out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-  }
-  return out;
-}
 
 // Without windows a scan shows no progress: it only ever runs for a script.
 class NoSearchWindow : public SearchWindow {

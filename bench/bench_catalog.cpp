@@ -17,6 +17,7 @@
 #include "catalog/matches_file.h"
 #include "catalog/search.h"
 #include "core/location.h"
+#include "bench/quiet_ports.h"
 #include "core/text_format.h"
 
 namespace astel {
@@ -24,20 +25,8 @@ namespace {
 
 constexpr int kSyntheticRecords = 23000;
 
-class QuietDialogs : public Dialogs {
- public:
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return "";
-  }
-  void MessageBox(const std::string&, const std::string&) override {}
-  bool YesNo(const std::string&, const std::string&) override { return false; }
-  bool OkCancel(const std::string&, const std::string&) override { return false; }
-};
-class QuietEvents : public Events {
- public:
-  void DoEvents() override {}
-  void Sleep(int) override {}
-};
+using bench::QuietDialogs;
+using bench::QuietEvents;
 class QuietWindow : public SearchWindow {
  public:
   void Show(const std::string&) override {}

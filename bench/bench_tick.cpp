@@ -4,6 +4,7 @@
 #include <benchmark/benchmark.h>
 
 #include "astro/solar_system.h"
+#include "bench/quiet_ports.h"
 #include "astro/time_scales.h"
 #include "core/location.h"
 #include "session/main_window.h"
@@ -26,16 +27,6 @@ class SteppingClock : public astel::Clock {
   astel::LocalDateTime now{2026, 11, 22, 21, 0, 0};
 };
 
-// Messages have nowhere to go in a benchmark.
-class SilentDialogs : public astel::Dialogs {
- public:
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return "";
-  }
-  void MessageBox(const std::string&, const std::string&) override {}
-  bool YesNo(const std::string&, const std::string&) override { return false; }
-  bool OkCancel(const std::string&, const std::string&) override { return false; }
-};
 
 void SetUpState(astel::SharedState& state, int body) {
   astel::FillDateTables(state.time);
@@ -47,7 +38,7 @@ void SetUpState(astel::SharedState& state, int body) {
 void BM_TickWithBody(benchmark::State& bench) {
   astel::SharedState state;
   SteppingClock clock;
-  SilentDialogs dialogs;
+  astel::bench::QuietDialogs dialogs;
   SetUpState(state, static_cast<int>(bench.range(0)));
   astel::MainWindowLogic logic(state, clock, dialogs);
   for (auto _ : bench) {
@@ -64,7 +55,7 @@ BENCHMARK(BM_TickWithBody)
 void BM_TickWithCatalogObject(benchmark::State& bench) {
   astel::SharedState state;
   SteppingClock clock;
-  SilentDialogs dialogs;
+  astel::bench::QuietDialogs dialogs;
   SetUpState(state, -1);
   state.object.Name1 = "M31";
   state.object.objRaHours = 0;

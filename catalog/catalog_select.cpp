@@ -1,16 +1,11 @@
 #include "catalog/catalog_select.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
-
 #include "catalog/best_of_sky.h"
 #include "catalog/catalog_reader.h"
 #include "catalog/catalog_record.h"
 #include "catalog/search.h"
 #include "catalog/transient_catalog.h"
+#include "core/file_write.h"
 #include "core/text_format.h"
 
 namespace astel {
@@ -18,32 +13,6 @@ namespace astel {
 namespace {
 
 constexpr std::size_t kCatalogLabelWidth = 22;
-
-bool WriteAll(int fd, const std::string& text) {
-  std::size_t done = 0;
-  while (done < text.size()) {
-    const ssize_t n = ::write(fd, text.data() + done, text.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    done += static_cast<std::size_t>(n);
-  }
-  return true;
-}
-
-// Writes a whole new file through a temporary file in the same folder, so that a crash never
-// leaves half a catalog.
-bool WriteNewFile(const std::string& path, const std::string& text) {
-  const std::string temporary = path + ".tmp";
-  const int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (fd < 0) return false;
-  const bool ok = WriteAll(fd, text) && ::fsync(fd) == 0;
-  ::close(fd);
-  if (!ok || std::rename(temporary.c_str(), path.c_str()) != 0) {
-    std::remove(temporary.c_str());
-    return false;
-  }
-  return true;
-}
 
 }  // namespace
 
@@ -141,7 +110,7 @@ bool NewCatalog(SharedState& state, Dialogs& dialogs, const std::string& directo
   const std::string header =
       ComposeHeader(ToUpperLatin1(base), epoch, "ASTEL+S catalog, epoch " + std::to_string(epoch)) +
       "\r\n";
-  if (!WriteNewFile(path, header)) {
+  if (!ReplaceFile(path, header).empty()) {
     dialogs.MessageBox("Cannot Create Catalog " + path);
     return false;
   }

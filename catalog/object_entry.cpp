@@ -4,12 +4,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cmath>
 #include <optional>
 
 #include "astro/coordinates.h"
 #include "catalog/catalog_record.h"
+#include "core/file_write.h"
 #include "core/text_format.h"
 
 namespace astel {
@@ -112,17 +112,6 @@ std::string AskName(Dialogs& dialogs, const std::string& prompt, const std::stri
 std::string Trimmed(const std::string& text) {
   const std::size_t end = text.find_last_not_of(' ');
   return end == std::string::npos ? "" : text.substr(0, end + 1);
-}
-
-bool WriteAll(int fd, const std::string& text) {
-  std::size_t done = 0;
-  while (done < text.size()) {
-    const ssize_t n = ::write(fd, text.data() + done, text.size() - done);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    done += static_cast<std::size_t>(n);
-  }
-  return true;
 }
 
 }  // namespace

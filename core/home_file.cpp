@@ -1,16 +1,13 @@
 #include "core/home_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <bit>
-#include <cerrno>
 #include <cmath>
 #include <cstring>
 #include <fstream>
 #include <iterator>
 #include <limits>
 
+#include "core/file_write.h"
 #include "core/text_format.h"
 
 namespace astel {
@@ -204,33 +201,7 @@ std::optional<HomeFileRecord> LoadHomeFile(const std::string& path) {
 }
 
 std::string SaveHomeFile(const std::string& path, const HomeFileRecord& record) {
-  const std::string bytes = SerializeHomeFile(record);
-  const std::string temporary = path + ".tmp";
-  int fd = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (fd < 0) return temporary + ": " + std::strerror(errno);
-  std::size_t written = 0;
-  while (written < bytes.size()) {
-    ssize_t n = ::write(fd, bytes.data() + written, bytes.size() - written);
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) {
-      std::string error = temporary + ": " + std::strerror(errno);
-      ::close(fd);
-      ::unlink(temporary.c_str());
-      return error;
-    }
-    written += static_cast<std::size_t>(n);
-  }
-  if (::fsync(fd) != 0 || ::close(fd) != 0) {
-    std::string error = temporary + ": " + std::strerror(errno);
-    ::unlink(temporary.c_str());
-    return error;
-  }
-  if (std::rename(temporary.c_str(), path.c_str()) != 0) {
-    std::string error = path + ": " + std::strerror(errno);
-    ::unlink(temporary.c_str());
-    return error;
-  }
-  return {};
+  return ReplaceFile(path, SerializeHomeFile(record));
 }
 
 std::string HomeFileNameWithExtension(std::string name) {

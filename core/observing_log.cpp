@@ -1,11 +1,6 @@
 #include "core/observing_log.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstring>
-
+#include "core/file_write.h"
 #include "core/text_format.h"
 
 namespace astel {
@@ -101,19 +96,12 @@ bool WriteLogEntry(SharedState& s, Dialogs& dialogs, const std::string& text) {
   const std::string path = s.files.installDir + s.files.logFileName;
   const std::string before = s.program.lastLoggedName;
   const std::string entry = ComposeLogEntry(s, text);
-  int fd = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
-  bool ok = fd >= 0;
-  if (ok) {
-    // One write of whole lines, so entries never interleave or break in the middle.
-    ssize_t n;
-    while ((n = ::write(fd, entry.data(), entry.size())) < 0 && errno == EINTR) {
-    }
-    ok = n == static_cast<ssize_t>(entry.size());
-    if (::close(fd) != 0) ok = false;
-  }
+  // One write of whole lines, so entries never interleave or break in the middle.
+  const std::string error = AppendToFile(path, entry);
+  const bool ok = error.empty();
   if (!ok) {
     s.program.lastLoggedName = before;
-    dialogs.MessageBox("Unable to write the observing log " + path + ": " + std::strerror(errno));
+    dialogs.MessageBox("Unable to write the observing log " + error);
   }
   return ok;
 }

@@ -163,8 +163,8 @@ struct ScriptState {
   std::int16_t commandStatus = 0;  // 0 running, 1 exit time reached, 2 the command failed
   bool exitTimeSet = false;
   std::int16_t exitHour = 0, exitMinute = 0;
-  std::int16_t waitDay = 0;      // DATE: the day of month on which the next WAIT ends; 0 none
-  bool stopRequested = false;    // the window is closing: a WAIT or SLEEP gives up
+  std::int16_t waitDay = 0;    // DATE: the day of month on which the next WAIT ends; 0 none
+  bool stopRequested = false;  // the window is closing: a WAIT or SLEEP gives up
   std::string message;
 };
 

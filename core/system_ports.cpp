@@ -1,6 +1,7 @@
 #include "core/system_ports.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -104,7 +105,9 @@ bool SystemShell::StartProgram(const std::string& program, const std::string& pa
   for (std::string word; words >> word;)
     args.push_back(word);
   // A document rather than a program is opened with the desktop's default action.
-  if (program.find('/') != std::string::npos && ::access(program.c_str(), X_OK) != 0) {
+  struct stat st;
+  if (::stat(program.c_str(), &st) == 0 && S_ISREG(st.st_mode) &&
+      ::access(program.c_str(), X_OK) != 0) {
     return OpenDocument(program, "");
   }
   return SpawnDetached(args, "");

@@ -87,15 +87,8 @@ LoadOutcome GpsLoad(ScopeContext& context, ExchangeMonitor& monitor) {
     dialogs.MessageBox("GPS Reading Unsuccessful");
     return LoadOutcome::kFailed;
   }
-  std::string message = "Successful GPS Reading. Location ";
-  if (!state.telescope.gpsLocationOnly) {
-    ReadClock(state, context.clock);
-    UpdateTimeScales(state);
-    message += "and Time have been set.";
-  } else {
-    message += "has been set";
-  }
-  dialogs.MessageBox(message);
+  ReportPlaceLoaded(state, context.clock, dialogs, "Successful GPS Reading.",
+                    !state.telescope.gpsLocationOnly);
   return LoadOutcome::kLoaded;
 }
 

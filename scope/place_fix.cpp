@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "astro/time_scales.h"
+
 namespace astel {
 
 namespace {
@@ -42,6 +44,19 @@ void ApplyPlaceFix(SharedState& state, const PlaceFix& fix) {
             p.homeLongitude);
   state.program.configChanged = true;
   state.time.riseSetCurrent = false;
+}
+
+void ReportPlaceLoaded(SharedState& state, Clock& clock, Dialogs& dialogs, std::string_view what,
+                       bool timeSet) {
+  std::string message = std::string(what) + " Location ";
+  if (timeSet) {
+    ReadClock(state, clock);
+    UpdateTimeScales(state);
+    message += "and Time have been set.";
+  } else {
+    message += "has been set";
+  }
+  dialogs.MessageBox(message);
 }
 
 }  // namespace astel

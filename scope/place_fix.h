@@ -1,6 +1,9 @@
 // Setting the observer's place from a reading of a GPS receiver or of a telescope's GPS.
 #pragma once
 
+#include <string_view>
+
+#include "core/ports.h"
 #include "core/shared_state.h"
 
 namespace astel {
@@ -23,5 +26,10 @@ struct PlaceFix {
 // texts and the radians; minutes above 59.9999 are clamped after the radians are computed.
 // Marks the location as set, the configuration as changed and rise and set as out of date.
 void ApplyPlaceFix(SharedState& state, const PlaceFix& fix);
+
+// The end of a successful place load: when the clock was set, the date and time are read again;
+// then `what` + " Location and Time have been set." or `what` + " Location has been set".
+void ReportPlaceLoaded(SharedState& state, Clock& clock, Dialogs& dialogs, std::string_view what,
+                       bool timeSet);
 
 }  // namespace astel

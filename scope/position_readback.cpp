@@ -10,19 +10,6 @@ namespace astel {
 
 namespace {
 
-constexpr int kPauseBeforeQueryMs = 5;
-constexpr int kPauseBeforeReplyMs = 50;
-
-RepeatedQuery Query(std::string_view command, int replyLength) {
-  RepeatedQuery query;
-  query.command = [command] { return std::string(command); };
-  query.writeCount = static_cast<int>(command.size());
-  query.pauseBeforeMs = kPauseBeforeQueryMs;
-  query.pauseAfterMs = kPauseBeforeReplyMs;
-  query.replyLength = replyLength;
-  return query;
-}
-
 // Ends a load that failed: its message (none when the window was closed), the port closed.
 bool Fail(ScopeContext& context, std::string_view message) {
   if (!message.empty()) context.dialogs.MessageBox(std::string(message));
@@ -59,12 +46,12 @@ bool CelestronLoad(ScopeContext& context, ExchangeMonitor& monitor, bool started
 
   std::string reply;
   QueryResult result = RunRepeatedQuery(
-      context, port, monitor, Query(kNexStarAlignedQuery, kNexStarAlignedReplyLength), reply);
+      context, port, monitor, FixedQuery(kNexStarAlignedQuery, kNexStarAlignedReplyLength), reply);
   if (result != QueryResult::kAnswered) return FailQuery(context, result, startedByUser);
   if (reply.size() < 2 || reply[1] != '#') return Fail(context, kInvalidScopeResponse);
   if (reply[0] != '\x01') return Fail(context, "Scope is Not Aligned");
 
-  RepeatedQuery position = Query(kNexStarPositionQuery, kNexStarPositionReplyLength);
+  RepeatedQuery position = FixedQuery(kNexStarPositionQuery, kNexStarPositionReplyLength);
   position.complete = [](const std::string& r) {
     return static_cast<int>(r.size()) >= kNexStarPositionReplyLength;
   };
@@ -91,7 +78,7 @@ bool MeadeLoad(ScopeContext& context, ExchangeMonitor& monitor) {
   monitor.ShowStatus(std::string(kNoScopeResponseYet) + std::string(kLineBreak));
 
   std::string raReply;
-  RepeatedQuery ra = Query(kLx200RaQuery, kLx200RaReplyLength);
+  RepeatedQuery ra = FixedQuery(kLx200RaQuery, kLx200RaReplyLength);
   ra.waitingText = "Waiting for Scope Right Ascension.";
   ra.complete = [](const std::string& r) {
     return static_cast<int>(r.size()) == kLx200RaReplyLength;
@@ -101,7 +88,7 @@ bool MeadeLoad(ScopeContext& context, ExchangeMonitor& monitor) {
   if (raReply[7] != '#') return Fail(context, kInvalidScopeResponse);
 
   std::string decReply;
-  RepeatedQuery dec = Query(kLx200DecQuery, kLx200DecReplyLength);
+  RepeatedQuery dec = FixedQuery(kLx200DecQuery, kLx200DecReplyLength);
   dec.waitingText = "Waiting for Scope Declination.";
   dec.complete = [](const std::string& r) {
     return static_cast<int>(r.size()) == kLx200DecReplyLength;

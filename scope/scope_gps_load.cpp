@@ -12,8 +12,6 @@ namespace astel {
 
 namespace {
 
-constexpr int kPauseBeforeQueryMs = 5;
-constexpr int kPauseBeforeReplyMs = 50;
 // A reply that arrived without its "#" gets this many more short waits for the rest.
 constexpr int kRestOfReplyPolls = 20;
 constexpr int kRestOfReplyPollMs = 10;
@@ -45,12 +43,7 @@ QueryResult Ask(ScopeContext& context, ExchangeMonitor& monitor, std::string_vie
                 int replyLength, int maxReplyLength, std::string_view waitingText,
                 std::string& reply) {
   const int port = context.state.telescope.comPort;
-  RepeatedQuery query;
-  query.command = [command] { return std::string(command); };
-  query.writeCount = static_cast<int>(command.size());
-  query.pauseBeforeMs = kPauseBeforeQueryMs;
-  query.pauseAfterMs = kPauseBeforeReplyMs;
-  query.replyLength = replyLength;
+  RepeatedQuery query = FixedQuery(command, replyLength);
   query.waitingText = std::string(waitingText);
   QueryResult result = RunRepeatedQuery(context, port, monitor, query, reply);
   for (int poll = 0; result == QueryResult::kAnswered && poll < kRestOfReplyPolls &&
@@ -230,21 +223,14 @@ LoadOutcome ScopeGpsLoad(ScopeContext& context, ExchangeMonitor& monitor) {
   context.comm.CommClose(port);
   monitor.busy = false;
 
-  std::string message = "Successful Scope Reading. Location ";
   if (reading->clock) {
     if (!context.clock.SetSystemTime(UtcOfScopeClock(*reading->clock))) {
       ReportClockRefused(dialogs, context.comm.Diagnostics());
     }
   }
   ApplyPlaceFix(state, reading->place);
-  if (reading->clock) {
-    ReadClock(state, context.clock);
-    UpdateTimeScales(state);
-    message += "and Time have been set.";
-  } else {
-    message += "has been set";
-  }
-  dialogs.MessageBox(message);
+  ReportPlaceLoaded(state, context.clock, dialogs, "Successful Scope Reading.",
+                    reading->clock.has_value());
   return LoadOutcome::kLoaded;
 }
 

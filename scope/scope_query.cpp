@@ -2,6 +2,14 @@
 
 namespace astel {
 
+RepeatedQuery FixedQuery(std::string_view command, int replyLength) {
+  RepeatedQuery query;
+  query.command = [text = std::string(command)] { return text; };
+  query.writeCount = static_cast<int>(command.size());
+  query.replyLength = replyLength;
+  return query;
+}
+
 QueryResult RunRepeatedQuery(ScopeContext& context, int comPort, ExchangeMonitor& monitor,
                              const RepeatedQuery& query, std::string& reply) {
   reply.clear();

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "scope/exchange_monitor.h"
 #include "scope/scope_link.h"
@@ -20,6 +21,10 @@ struct RepeatedQuery {
   std::function<bool(const std::string& reply)> complete;
   std::string waitingText;  // status shown once anything has arrived; empty: none
 };
+
+// A fixed query of the read-back kind: the command as it stands, 5 ms before it and 50 ms before
+// reading up to replyLength characters.
+RepeatedQuery FixedQuery(std::string_view command, int replyLength);
 
 enum class QueryResult { kAnswered, kWriteFailed, kCancelled };
 

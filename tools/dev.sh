@@ -8,7 +8,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 packages=(g++ cmake ninja-build pkg-config libfmt-dev libnova-dev libgtest-dev libgmock-dev
-  libbenchmark-dev qt6-base-dev libgl-dev xvfb xauth faketime socat clang libclang-rt-14-dev)
+  libbenchmark-dev qt6-base-dev libgl-dev xvfb xauth faketime socat clang libclang-rt-14-dev
+  locales)
 
 install_missing() {
   local missing=()
@@ -30,6 +31,14 @@ configure() {  # configure DIR [cmake options...]
   cmake -S . -B "$dir" -G Ninja "$@" >/dev/null
 }
 
+# A decimal-comma locale, so the tests can prove that numbers sent to a telescope keep their point.
+comma_locale() {
+  locale -a 2>/dev/null | grep -qi '^de_DE\.utf8$' && return
+  local sudo=""
+  [ "$(id -u)" -eq 0 ] || sudo="sudo"
+  $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8 2>/dev/null || true
+}
+
 cmd=${1:-run}
 shift || true
 install_missing
@@ -40,6 +49,7 @@ case "$cmd" in
     exec ./build/astel "$@"
     ;;
   test)
+    comma_locale
     configure build
     cmake --build build
     ctest --test-dir build --output-on-failure -j2

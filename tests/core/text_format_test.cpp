@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <string>
+
 namespace astel {
 namespace {
 
@@ -90,6 +93,27 @@ TEST(TextHelpers, CaseCommaAndPadding) {
   EXPECT_EQ(RoundToInt(2.5), 2);
   EXPECT_EQ(RoundToInt(3.5), 4);
   EXPECT_EQ(RoundToInt(-2.5), -2);
+}
+
+}  // namespace
+}  // namespace astel
+
+namespace astel {
+namespace {
+
+// Qt sets the C locale from the desktop; a German desktop must not turn 34.5 into 34 or "34,5".
+TEST(TextFormat, NumbersIgnoreADecimalCommaLocale) {
+  const std::string saved = std::setlocale(LC_ALL, nullptr);
+  if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr) {
+    GTEST_SKIP() << "no German locale installed here";
+  }
+  const double read = LeadingNumber("34.5");
+  const std::string fixed = FormatFixed(34.5, "00.0");
+  const std::string text = NumberText(44.5);
+  std::setlocale(LC_ALL, saved.c_str());
+  EXPECT_DOUBLE_EQ(read, 34.5);
+  EXPECT_EQ(fixed, "34.5");
+  EXPECT_EQ(text, " 44.5");
 }
 
 }  // namespace

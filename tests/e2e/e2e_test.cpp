@@ -7,12 +7,12 @@
 #include <fstream>
 #include <thread>
 
-#include "catalog/catalog_record.h"
 #include "core/home_file.h"
 #include "core/location.h"
 #include "tests/e2e/program_run.h"
 #include "tests/support/scope_simulator.h"
 #include "tests/support/temp_dir.h"
+#include "tests/support/test_catalog.h"
 
 namespace astel {
 namespace {
@@ -43,28 +43,7 @@ class ProgramTest : public ::testing::Test {
     ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
   }
 
-  void WriteCatalog() {
-    std::ofstream out(dir.path() + "/TEST.OBC", std::ios::binary);
-    out << ComposeHeader("TEST.OBC", 2000, "end-to-end test catalog") << "\r\n";
-    auto record = [&](const char* name, const char* name2, int raH, double raM, int decSign,
-                      int decD, double decM, const char* mag) {
-      RecordFields f;
-      f.names = {name, name2, "", "", ""};
-      f.raHours = raH;
-      f.raMinutes = raM;
-      f.decSign = decSign;
-      f.decDegrees = decD;
-      f.decMinutes = decM;
-      f.magnitudeText = mag;
-      out << ComposeRecord(f) << "\r\n";
-    };
-    record("M3", "NGC 5272", 13, 42.2, 1, 28, 22.6, "6.2");
-    record("M30", "NGC 7099", 21, 40.4, -1, 23, 10.8, "7.2");
-    record("M31", "NGC 224", 0, 42.7, 1, 41, 16.2, "3.4");
-    record("Vega", "Alp Lyr", 18, 36.9, 1, 38, 47.0, "0.03");
-    record("Achernar", "Alp Eri", 1, 37.7, -1, 57, 14.2, "0.46");
-    record("Nameless", "", 3, 0.0, 1, 10, 0.0, "");
-  }
+  void WriteCatalog() { testing::WriteTestCatalog(dir.path() + "/TEST.OBC"); }
 
   // A simulated mount of the given family behind COM1.
   testing::ScopeSimulator& Telescope(int scopeType, int scopeCode) {
@@ -235,14 +214,15 @@ TEST_F(ProgramTest, ExitTimeJumpsAndShell) {
 TEST_F(ProgramTest, WaitAndSleepFollowTheRunningClock) {
   run.fakeTime = "2026-11-22 20:59:58";
   run.frozenClock = false;
-  testing::RunResult r = run.Run({"WAIT=21:00:00;SLEEP=1"});
+  testing::RunResult r = run.Run({"DATE=22;WAIT=21:00:00;SLEEP=1"});
   EXPECT_EQ(r.exitCode, 0) << r.errors;
-  EXPECT_GE(r.seconds, 2.5);
+  EXPECT_GE(r.seconds, 2.5) << "the wait ends on the 22nd at 21:00, then a second of sleep";
   std::string log = ReadFile(dir.path() + "/ASTELLOG.TXT");
-  EXPECT_NE(log.find("Command1: WAIT=21:00:00 Start Waiting\r\n"), std::string::npos) << log;
-  EXPECT_NE(log.find("Command1: WAIT=21:00:00 Successful\r\n"), std::string::npos);
-  EXPECT_NE(log.find("Command2: SLEEP=1 Start Sleeping\r\n"), std::string::npos);
-  EXPECT_NE(log.find("Command2: SLEEP=1 Successful\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command1: DATE=22 Successful\r\n"), std::string::npos) << log;
+  EXPECT_NE(log.find("Command2: WAIT=21:00:00 Start Waiting\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command2: WAIT=21:00:00 Successful\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command3: SLEEP=1 Start Sleeping\r\n"), std::string::npos);
+  EXPECT_NE(log.find("Command3: SLEEP=1 Successful\r\n"), std::string::npos);
 }
 
 TEST_F(ProgramTest, StarGuideReminderReachesStandardError) {

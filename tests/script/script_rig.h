@@ -8,7 +8,6 @@
 #include <iterator>
 #include <sstream>
 
-#include "catalog/catalog_record.h"
 #include "core/home_file.h"
 #include "core/location.h"
 #include "script/script_interpreter.h"
@@ -17,6 +16,7 @@
 #include "tests/support/fake_clock.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/temp_dir.h"
+#include "tests/support/test_catalog.h"
 
 namespace astel::testing {
 
@@ -90,28 +90,7 @@ class ScriptRig : public ::testing::Test {
     logic.Tick();
   }
 
-  // M3, M30 and M31 in that order, Vega, and a star far south that never rises here.
-  void WriteCatalog() {
-    std::ofstream out(dir.path() + "/TEST.OBC", std::ios::binary);
-    out << ComposeHeader("TEST.OBC", 2000, "script test catalog") << "\r\n";
-    auto record = [&](const char* name, int raH, double raM, int decSign, int decD, double decM,
-                      const char* mag) {
-      RecordFields f;
-      f.names = {name, "", "", "", ""};
-      f.raHours = raH;
-      f.raMinutes = raM;
-      f.decSign = decSign;
-      f.decDegrees = decD;
-      f.decMinutes = decM;
-      f.magnitudeText = mag;
-      out << ComposeRecord(f) << "\r\n";
-    };
-    record("M3", 13, 42.2, 1, 28, 22.6, "6.2");
-    record("M30", 21, 40.4, -1, 23, 10.8, "7.2");
-    record("M31", 0, 42.7, 1, 41, 16.2, "3.4");
-    record("Vega", 18, 36.9, 1, 38, 47.0, "0.03");
-    record("Achernar", 1, 37.7, -1, 57, 14.2, "0.46");
-  }
+  void WriteCatalog() { WriteTestCatalog(dir.path() + "/TEST.OBC"); }
 
   int Run(const std::string& line) { return ProcessCommand(context, line); }
 

@@ -3,41 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "astro/coordinates.h"
-#include "core/home_file.h"
 #include "core/location.h"
-#include "session/startup.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/scripted_dialogs.h"
-#include "tests/support/temp_dir.h"
+#include "tests/session/session_fixture.h"
 
 namespace astel {
 namespace {
 
-class NoWindows : public Windows {
- public:
-  void OpenScopeSelection() override {}
-};
-
-class MainWindowTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    HomeFileRecord r;
-    r.homeLatitude = (51 + 28.6 / 60) / kDegreesPerRadianExact;
-    r.scopeCode = 10000;
-    r.firstStartDate = 2461000.5;
-    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", r), "");
-    clock.now = {2026, 11, 22, 21, 30, 5};
-    StartupInputs in{dir.path(), "", "", "", ""};
-    ASSERT_EQ(Startup(state, in, dialogs, clock, windows), kExitSuccess);
-  }
-
-  testing::TempDir dir;
-  testing::FakeClock clock;
-  testing::ScriptedDialogs dialogs;
-  NoWindows windows;
-  SharedState state;
-  MainWindowLogic logic{state, clock, dialogs};
-};
+// The started program of session_fixture.h, before its first tick.
+class MainWindowTest : public testing::StartedProgram {};
 
 TEST_F(MainWindowTest, PlaceAndTimeCaptions) {
   logic.Tick();
