@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "app/headless_ports.h"
+#include "bench/quiet_ports.h"
 #include "core/system_ports.h"
 #include "session/startup.h"
 #include "ui/form1.h"
@@ -36,20 +37,10 @@ double ResidentMb() {
   return 0;
 }
 
-class QuietDialogs : public astel::Dialogs {
- public:
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return "";
-  }
-  void MessageBox(const std::string&, const std::string&) override {}
-  bool YesNo(const std::string&, const std::string&) override { return false; }
-  bool OkCancel(const std::string&, const std::string&) override { return false; }
-};
-
 void BM_StartupAndFormToFirstPaint(benchmark::State& bench) {
   for (auto _ : bench) {
     astel::SharedState state;
-    QuietDialogs dialogs;
+    astel::bench::QuietDialogs dialogs;
     astel::SystemClock clock;
     astel::HeadlessEvents events;
     astel::SystemShell shell;

@@ -8,6 +8,7 @@
 #include "catalog/catalog_select.h"
 #include "tests/catalog/catalog_files.h"
 #include "tests/support/scope_simulator.h"
+#include "tests/support/test_catalog.h"
 #include "tests/ui/ui_test_program.h"
 #include "ui/form1.h"
 
@@ -30,8 +31,9 @@ void Click(QWidget& w, const char* name) {
   QTest::mouseClick(b, Qt::LeftButton);
 }
 
-// A catalog of `fillers` nameless-looking objects with `records` among them.
-void WriteTestCatalog(const std::string& path, std::vector<std::string> records, int fillers = 0) {
+// A catalog of `records` followed by `fillers` faint objects that no test searches for.
+void WriteCatalogWithFillers(const std::string& path, std::vector<std::string> records,
+                             int fillers) {
   for (int i = 0; i < fillers; ++i)
     records.push_back(testing::Rec("F" + std::to_string(i), 12, 10, "12.0"));
   testing::WriteCatalog(path, records);
@@ -45,10 +47,7 @@ class MainWindowWiringTest : public QObject {
  private slots:
   void simpleSearchFillsTheObjectLabels() {
     TestProgram p;
-    WriteTestCatalog(p.Folder() + "TEST.OBC",
-                     {testing::Rec("M3", 13.70, 28.38, "6.2", "NGC 5272"),
-                      testing::Rec("M30", 21.67, -23.18, "7.2", "NGC 7099"),
-                      testing::Rec("M31", 0.71, 41.27, "3.4", "NGC 224")});
+    testing::WriteTestCatalog(p.Folder() + "TEST.OBC");  // M3, M30, M31 and three others
     QVERIFY(OpenCatalog(p.state, p.Folder(), "TEST.OBC"));
     ui::Form1 form(p.context);
     QCOMPARE(Text(form, "Catalog"), QString("test.obc"));
@@ -91,13 +90,14 @@ class MainWindowWiringTest : public QObject {
     Click(form, "AddObject");
     QCOMPARE(p.dialogs.questions.back(),
              std::string("Do you want to add the object M31 to catalog TEST.OBC ?"));
-    QCOMPARE(testing::Lines(testing::ReadFile(p.Folder() + "TEST.OBC")).size(), std::size_t{5});
+    const auto lines = testing::Lines(testing::ReadFile(p.Folder() + "TEST.OBC"));
+    QCOMPARE(lines.size(), std::size_t{8});
+    QCOMPARE(lines.back().substr(0, 12), std::string("M31         "));
   }
 
   void detailedSearchAsksItsLimits() {
     TestProgram p;
-    WriteTestCatalog(p.Folder() + "TEST.OBC", {testing::Rec("M3", 13.70, 28.38, "6.2"),
-                                               testing::Rec("M30", 21.67, -23.18, "7.2")});
+    testing::WriteTestCatalog(p.Folder() + "TEST.OBC");
     QVERIFY(OpenCatalog(p.state, p.Folder(), "TEST.OBC"));
     ui::Form1 form(p.context);
     // No second name, at least 85 degrees high, any magnitude: nothing stands that high.
@@ -113,7 +113,7 @@ class MainWindowWiringTest : public QObject {
 
   void cancelStopsAScan() {
     TestProgram p;
-    WriteTestCatalog(p.Folder() + "BIG.OBC", {}, 5000);
+    WriteCatalogWithFillers(p.Folder() + "BIG.OBC", {}, 5000);
     QVERIFY(OpenCatalog(p.state, p.Folder(), "BIG.OBC"));
     ui::Form1 form(p.context);
     form.show();
@@ -150,10 +150,10 @@ class MainWindowWiringTest : public QObject {
   void bestOfTheSkyOnTheDefaultCatalog() {
     TestProgram p;
     // Both stand higher than 20 degrees all night from latitude 51.5 north.
-    WriteTestCatalog(p.Folder() + "FULL.OBC",
-                     {testing::Rec("Kochab", 14.85, 74.15, "2.1", "^Bet UMi"),
-                      testing::Rec("Polaris", 2.53, 89.26, "2.0", "&Alp UMi")},
-                     300);
+    WriteCatalogWithFillers(p.Folder() + "FULL.OBC",
+                            {testing::Rec("Kochab", 14.85, 74.15, "2.1", "^Bet UMi"),
+                             testing::Rec("Polaris", 2.53, 89.26, "2.0", "&Alp UMi")},
+                            300);
     QVERIFY(OpenCatalog(p.state, p.Folder(), "FULL.OBC"));
     ui::Form1 form(p.context);
     QVERIFY(Button(form, "BestOf")->isEnabled());
