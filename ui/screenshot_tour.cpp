@@ -66,6 +66,7 @@ void RunScreenshotTour(Form1& form, GuiContext& context, const QString& dir) {
   {
     PhotographedSearch searching(*form.searchingWindow(), dir);
     CatalogPorts ports{context.dialogs, context.events, searching, context.shell};
+    form.timer1()->stop();  // no tick in the middle of the scan (Refresh starts it again)
     FindObject(context.state, ports, "Mizar");
     form.logic().Load();
     form.Refresh();
