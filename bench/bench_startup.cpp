@@ -13,10 +13,12 @@
 
 #include <QApplication>
 #include <fstream>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "app/headless_ports.h"
+#include "bench/quiet_ports.h"
 #include "core/system_ports.h"
 #include "session/startup.h"
 #include "ui/form1.h"
@@ -35,20 +37,10 @@ double ResidentMb() {
   return 0;
 }
 
-class QuietDialogs : public astel::Dialogs {
- public:
-  std::string InputBox(const std::string&, const std::string&, const std::string&) override {
-    return "";
-  }
-  void MessageBox(const std::string&, const std::string&) override {}
-  bool YesNo(const std::string&, const std::string&) override { return false; }
-  bool OkCancel(const std::string&, const std::string&) override { return false; }
-};
-
 void BM_StartupAndFormToFirstPaint(benchmark::State& bench) {
   for (auto _ : bench) {
     astel::SharedState state;
-    QuietDialogs dialogs;
+    astel::bench::QuietDialogs dialogs;
     astel::SystemClock clock;
     astel::HeadlessEvents events;
     astel::SystemShell shell;
@@ -59,7 +51,10 @@ void BM_StartupAndFormToFirstPaint(benchmark::State& bench) {
       bench.SkipWithError("no home file in the build folder");
       return;
     }
-    astel::ui::GuiContext context{state, dialogs, clock, events, shell, clipboard, windows, "", ""};
+    std::ostringstream diagnostics;
+    astel::CommPorts comm(events, diagnostics);
+    astel::ui::GuiContext context{state,   dialogs, clock, events, shell, clipboard,
+                                  windows, comm,    "",    "",     {}};
     astel::ui::Form1 form(context);
     bool painted = false;
     form.onFirstPaint = [&painted] { painted = true; };

@@ -5,6 +5,8 @@
 #include "astro/coordinates.h"
 #include "astro/solar_system.h"
 #include "astro/time_scales.h"
+#include "catalog/search.h"
+#include "catalog/transient_catalog.h"
 #include "core/text_format.h"
 
 namespace astel {
@@ -16,12 +18,22 @@ constexpr int kNoLeapCentury = 2100;  // the one century year in range that is n
 // Seeds the loops so that the question is always asked at least once.
 constexpr const char* kAlwaysAsk = "99";
 
-// A catalog object is carried to the new date; a Sun, Moon or planet is computed afresh.
-void RecomputeShownObject(SharedState& s) {
+// The time changed: a transient catalog's object moves to the position of the new hour. A Sun,
+// Moon or planet chosen from the list stays the shown object (the tick recomputes it).
+void ReloadTransientObject(SharedState& s, Dialogs& dialogs) {
+  if (s.object.objectKind < 0) ReloadTransientPosition(s, dialogs);
+}
+
+// The date changed: a transient catalog serves its position for the new moment, a catalog object
+// is carried to the new date, and a Sun, Moon or planet is computed afresh.
+void RecomputeForNewDate(SharedState& s, Dialogs& dialogs) {
   UpdateTimeScales(s);
   if (s.object.objectKind >= 0) {
     SelectBody(s, s.object.objectKind);
-  } else if (HasShownObject(s)) {
+    return;
+  }
+  ReloadTransientObject(s, dialogs);
+  if (HasShownObject(s)) {
     s.object.targetEpoch = s.time.roundedYear;
     PrecessToDate(s.object);
     s.object.sourceEpoch = s.object.targetEpoch;
@@ -29,9 +41,11 @@ void RecomputeShownObject(SharedState& s) {
 }
 
 // What both chains do once the moment is set: the open search starts again from the first
-// record at the next Next Match, the captions follow and the main timer runs again.
+// record at the next Next Match, the matches file no longer fits the moment, the captions follow
+// and the main timer runs again.
 void FinishMomentChange(SharedState& s, MainWindowLogic& window) {
-  s.search.catalogOpen = false;
+  CloseSearch(s.search);
+  ResetMatchSaving(s);
   UpdateTimeScales(s);
   window.Load();
   s.form.timer1Enabled = true;
@@ -52,7 +66,7 @@ void DateButtonClick(SharedState& s, Dialogs& dialogs, MainWindowLogic& window) 
   std::string answer = dialogs.InputBox(monthPrompt, title, t.monthText);
   if (answer.empty()) {
     window.BackToRealTime();
-    RecomputeShownObject(s);
+    RecomputeForNewDate(s, dialogs);
     FinishMomentChange(s, window);
     return;
   }
@@ -91,7 +105,7 @@ void DateButtonClick(SharedState& s, Dialogs& dialogs, MainWindowLogic& window) 
   t.yearText = answer;
   t.year = RoundToInt(LeadingNumber(answer));
 
-  RecomputeShownObject(s);
+  RecomputeForNewDate(s, dialogs);
   FinishMomentChange(s, window);
 }
 
@@ -102,6 +116,7 @@ void TimeButtonClick(SharedState& s, Dialogs& dialogs, MainWindowLogic& window) 
                                         JulianDateTitle(t), t.hourText);
   if (answer.empty()) {
     window.BackToRealTime();
+    ReloadTransientObject(s, dialogs);
     FinishMomentChange(s, window);
     return;
   }
@@ -129,6 +144,8 @@ void TimeButtonClick(SharedState& s, Dialogs& dialogs, MainWindowLogic& window) 
   t.secondText = answer;
   t.second = LeadingNumber(answer);
 
+  UpdateTimeScales(s);
+  ReloadTransientObject(s, dialogs);
   FinishMomentChange(s, window);
 }
 

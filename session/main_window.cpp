@@ -4,8 +4,8 @@
 #include "astro/rise_transit_set.h"
 #include "astro/solar_system.h"
 #include "astro/time_scales.h"
+#include "catalog/catalog_select.h"
 #include "catalog/transient_catalog.h"
-#include "core/text_format.h"
 #include "session/display_format.h"
 
 namespace astel {
@@ -79,7 +79,7 @@ void MainWindowLogic::FillDisplay() {
   d.longitude = LongitudeCaption(s.place);
   d.scopeType = ScopeTypeCaption(s.telescope);
 
-  d.catalog = ToLowerLatin1(s.files.catalogFileName).substr(0, 22);
+  d.catalog = CatalogLabel(s.files.catalogFileName);
   d.catalogPath = s.form.catalogPath;
   d.catalogNote = s.form.catalogNote;
   d.simpleSearchCaption = s.form.simpleSearchCaption;

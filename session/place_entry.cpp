@@ -10,22 +10,8 @@ namespace astel {
 
 namespace {
 
-constexpr double kMaxLatitudeDegrees = 89, kMaxLongitudeDegrees = 179;
 constexpr double kMinutesPerDegree = 60;
 constexpr double kWestmostZone = 12, kEastmostZone = -14;  // hours added to local time for GMT
-
-bool InRange(const std::string& text, double high) {
-  return StartsWithNumber(text) && LeadingNumber(text) >= 0 && LeadingNumber(text) <= high;
-}
-
-bool Whole(const std::string& text) {
-  return text.find('.') == std::string::npos && text.find(',') == std::string::npos;
-}
-
-bool MinutesOk(const std::string& text) {
-  return StartsWithNumber(text) && LeadingNumber(text) >= 0 &&
-         LeadingNumber(text) < kMinutesPerDegree;
-}
 
 std::string Trimmed(const std::string& text) {
   const auto first = text.find_first_not_of(' ');
@@ -35,8 +21,8 @@ std::string Trimmed(const std::string& text) {
 
 }  // namespace
 
-PlaceForm PlaceFormFromState(const PlaceState& p) {
-  PlaceForm f;
+LocationEntry LocationEntryFromState(const PlaceState& p) {
+  LocationEntry f;
   f.latitudeDegrees = std::to_string(std::abs(p.latitudeDegrees));
   f.latitudeMinutes = FormatFixed(p.latitudeMinutes, "0.000");
   f.south = p.latitudeSignText == "-";
@@ -48,24 +34,8 @@ PlaceForm PlaceFormFromState(const PlaceState& p) {
   return f;
 }
 
-std::string CheckPlaceForm(const PlaceForm& f) {
-  if (!InRange(f.latitudeDegrees, kMaxLatitudeDegrees))
-    return "Degrees of latitude must be between 0 and 89";
-  if (!Whole(f.latitudeDegrees)) return "Enter Whole Number of Degrees Only";
-  if (!MinutesOk(f.latitudeMinutes))
-    return "Minutes of latitude must be between 0 and 59.999, decimals OK";
-  if (f.north == f.south) return "Select 'North' or 'South'";
-  if (!InRange(f.longitudeDegrees, kMaxLongitudeDegrees))
-    return "Degrees of longitude must be between 0 and 179";
-  if (!Whole(f.longitudeDegrees)) return "Enter Whole Number of Degrees Only";
-  if (!MinutesOk(f.longitudeMinutes))
-    return "Minutes of longitude must be between 0 and 59.999, decimals OK";
-  if (f.east == f.west) return "Select 'East' or 'West'";
-  return "";
-}
-
-bool ApplyPlaceForm(SharedState& s, Dialogs& dialogs, const PlaceForm& f) {
-  if (std::string fault = CheckPlaceForm(f); !fault.empty()) {
+bool ApplyLocationEntry(SharedState& s, Dialogs& dialogs, const LocationEntry& f) {
+  if (std::string fault = CheckLocationEntry(f); !fault.empty()) {
     dialogs.MessageBox(fault);
     return false;
   }

@@ -5,30 +5,24 @@
 
 #include <string>
 
+#include "catalog/object_entry.h"
 #include "core/ports.h"
 #include "core/shared_state.h"
 
 namespace astel {
 
-// What the location mode of DataEntry holds. Degrees and minutes are the texts as typed.
-struct PlaceForm {
-  std::string latitudeDegrees, latitudeMinutes;
-  bool north = false, south = false;
-  std::string longitudeDegrees, longitudeMinutes;
-  bool east = false, west = false;
-};
+// The location mode of DataEntry holds a LocationEntry (catalog/object_entry.h), whose checks
+// (CheckLocationEntry) are the window's own.
 
 // The form filled from the current place: unsigned whole degrees, minutes with three decimals,
 // and the hemispheres (a latitude of -0 degrees 30 minutes is South).
-PlaceForm PlaceFormFromState(const PlaceState& place);
+LocationEntry LocationEntryFromState(const PlaceState& place);
 
-// "" when the form is acceptable, otherwise the message for the first fault, latitude first.
-std::string CheckPlaceForm(const PlaceForm& form);
-
-// OK in the location mode: the first fault is shown and false returned (the window stays open);
-// otherwise the place is set (radians, derived degrees and signs, date order), the time scales
-// follow, rise and set are recomputed, configChanged is set, and true is returned.
-bool ApplyPlaceForm(SharedState& state, Dialogs& dialogs, const PlaceForm& form);
+// OK in the location mode: the first fault CheckLocationEntry finds is shown and false returned
+// (the window stays open); otherwise the place is set (radians, derived degrees and signs, date
+// order), the time scales follow, rise and set are recomputed, configChanged is set, and true is
+// returned.
+bool ApplyLocationEntry(SharedState& state, Dialogs& dialogs, const LocationEntry& entry);
 
 // A click on the gmt label: the hours added to local time to give GMT, or "PC" to follow the
 // computer's time zone. Cancel changes nothing; a bad answer is explained and asked again.

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include "catalog/catalog_select.h"
 #include "ui/latin1.h"
 
 namespace astel::ui {
@@ -59,24 +60,24 @@ CatalogSelectDialog::CatalogSelectDialog(GuiContext& context, QWidget* parent)
     setDirectory(QDir(directory_).absoluteFilePath(item->text()));
   });
   connect(file1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    if (onFileChosen && onFileChosen(directory(), ToLatin1(item->text()))) accept();
+    if (SelectCatalogFile(context_.state, context_.dialogs, directory(), ToLatin1(item->text()))) {
+      accept();
+    }
   });
   connect(defaultCat_, &QPushButton::clicked, this, [this] {
-    if (onDefaultCatalog && onDefaultCatalog(directory())) accept();
+    if (OpenDefaultCatalog(context_.state, context_.dialogs, directory())) accept();
   });
   connect(newCatalog_, &QPushButton::clicked, this, [this] {
-    if (onNewCatalog && onNewCatalog(directory())) accept();
+    if (NewCatalog(context_.state, context_.dialogs, directory())) accept();
   });
+  const DefaultCatalogButton defaultButton = DefaultCatalogButtonState(s);
+  defaultCat_->setEnabled(defaultButton.enabled);
+  defaultCat_->setToolTip(FromLatin1(defaultButton.toolTip));
 
   const std::string start =
       s.files.catalogDirectory.empty() ? s.files.installDir : s.files.catalogDirectory;
   setDirectory(FromLatin1(start));
   resize(640, 380);
-}
-
-void CatalogSelectDialog::setDefaultCatalogButton(bool enabled, const std::string& toolTip) {
-  defaultCat_->setEnabled(enabled);
-  defaultCat_->setToolTip(FromLatin1(toolTip));
 }
 
 std::string CatalogSelectDialog::directory() const {

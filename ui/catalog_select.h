@@ -1,5 +1,6 @@
 // CatalogSelect: the current catalog chosen from the file system, the default catalog, or a new
-// catalog file.
+// catalog file. File1, DefaultCat and NewCatalog go to catalog/catalog_select.h; the window closes
+// when the catalog was opened.
 #pragma once
 
 #include <QComboBox>
@@ -7,7 +8,6 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <functional>
 
 #include "ui/gui_context.h"
 
@@ -18,12 +18,6 @@ class CatalogSelectDialog : public QDialog {
  public:
   CatalogSelectDialog(GuiContext& context, QWidget* parent);
 
-  // Set by the owner of the catalog logic; each returns true when the window may close.
-  std::function<bool(const std::string& directory, const std::string& fileName)> onFileChosen;
-  std::function<bool(const std::string& directory)> onDefaultCatalog;
-  std::function<bool(const std::string& directory)> onNewCatalog;
-
-  void setDefaultCatalogButton(bool enabled, const std::string& toolTip);
   // The folder shown in Dir1 and File1, ending in "/".
   std::string directory() const;
   void setDirectory(const QString& path);

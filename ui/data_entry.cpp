@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "session/place_entry.h"
 #include "ui/latin1.h"
 
 namespace astel::ui {
@@ -24,7 +25,7 @@ QLineEdit* NumberField(const char* name, QWidget* parent) {
 }  // namespace
 
 DataEntryDialog::DataEntryDialog(GuiContext& context, Mode mode, QWidget* parent)
-    : QDialog(parent), context_(context), mode_(mode) {
+    : QDialog(parent), context_(context), mode_(mode), scope_(context.Scope()) {
   setObjectName("DataEntry");
   auto* layout = new QVBoxLayout(this);
   layout->addWidget(mode == Mode::kObject ? BuildObjectPage() : BuildLocationPage());
@@ -63,10 +64,18 @@ QWidget* DataEntryDialog::BuildObjectPage() {
   auto* names = new QFormLayout;
   names->addRow("First name:", text1_);
   names->addRow("Second name:", text2_);
+  label3_ = new QLabel(" ", page);
+  label3_->setObjectName("Label3");
+  label3_->setWordWrap(true);
+  label3_->setFrameShape(QFrame::StyledPanel);
+  label3_->setMinimumHeight(label3_->fontMetrics().height() * 3);
+  label3_->setToolTip("What the telescope has answered so far");
+  monitor_.onStatus = [this](const std::string& text) { label3_->setText(FromLatin1(text)); };
   auto* layout = new QVBoxLayout(page);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(how);
   layout->addLayout(names);
+  layout->addWidget(label3_);
   return page;
 }
 
@@ -118,12 +127,25 @@ QWidget* DataEntryDialog::BuildLocationPage() {
 
   grid->addWidget(latitude, 0, 0);
   grid->addWidget(longitude, 0, 1);
-  setPlaceForm(PlaceFormFromState(context_.state.place));
+  setLocationEntry(LocationEntryFromState(context_.state.place));
   return page;
 }
 
-PlaceForm DataEntryDialog::placeForm() const {
-  PlaceForm f;
+DataEntryForm DataEntryDialog::objectForm() const {
+  DataEntryForm f;
+  if (mode_ != Mode::kObject) return f;
+  constexpr EntryOption kOptions[3] = {EntryOption::kCoordinates, EntryOption::kAltAz,
+                                       EntryOption::kTelescope};
+  for (int i = 0; i < 3; ++i) {
+    if (options_[i]->isChecked()) f.option = kOptions[i];
+  }
+  f.name1 = ToLatin1(text1_->text());
+  f.name2 = ToLatin1(text2_->text());
+  return f;
+}
+
+LocationEntry DataEntryDialog::locationEntry() const {
+  LocationEntry f;
   if (mode_ != Mode::kLocation) return f;
   f.latitudeDegrees = ToLatin1(latDegrees_->text());
   f.latitudeMinutes = ToLatin1(latMinutes_->text());
@@ -136,7 +158,7 @@ PlaceForm DataEntryDialog::placeForm() const {
   return f;
 }
 
-void DataEntryDialog::setPlaceForm(const PlaceForm& f) {
+void DataEntryDialog::setLocationEntry(const LocationEntry& f) {
   if (mode_ != Mode::kLocation) return;
   latDegrees_->setText(FromLatin1(f.latitudeDegrees));
   latMinutes_->setText(FromLatin1(f.latitudeMinutes));
@@ -154,14 +176,20 @@ void DataEntryDialog::focusLongitude() {
 
 void DataEntryDialog::Ok() {
   if (mode_ == Mode::kLocation) {
-    if (ApplyPlaceForm(context_.state, context_.dialogs, placeForm())) accept();
+    if (ApplyLocationEntry(context_.state, context_.dialogs, locationEntry())) accept();
     return;
   }
-  int option = 0;
-  for (int i = 0; i < 3; ++i) {
-    if (options_[i]->isChecked()) option = i + 1;
-  }
-  if (objectOk && objectOk(option, ToLatin1(text1_->text()), ToLatin1(text2_->text()))) accept();
+  if (monitor_.busy) return;
+  ok_->setEnabled(false);
+  const bool shown = DataEntryOk(context_.state, context_.dialogs, readBack_, objectForm());
+  ok_->setEnabled(true);
+  if (shown) accept();
+}
+
+void DataEntryDialog::done(int result) {
+  // A telescope that never answers is left by closing the window.
+  monitor_.cancelRequested = true;
+  QDialog::done(result);
 }
 
 }  // namespace astel::ui

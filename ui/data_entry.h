@@ -1,14 +1,17 @@
 // DataEntry: an object that is not in the catalog (by coordinates, by altitude and azimuth seen
 // now, or from the telescope), or, in its location mode, the observer's latitude and longitude.
+// OK goes to DataEntryOk or ApplyLocationEntry; a telescope reading shows its progress in Label3
+// and stops when the window is closed.
 #pragma once
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <functional>
 
-#include "session/place_entry.h"
+#include "catalog/object_entry.h"
+#include "session/telescope_read_back.h"
 #include "ui/gui_context.h"
 
 namespace astel::ui {
@@ -20,12 +23,10 @@ class DataEntryDialog : public QDialog {
   DataEntryDialog(GuiContext& context, Mode mode, QWidget* parent);
 
   Mode mode() const { return mode_; }
-  // The object mode's OK: the three options, the two names. True when the window may close.
-  // Set by whoever owns the object-entry logic.
-  std::function<bool(int option, const std::string& name1, const std::string& name2)> objectOk;
 
-  PlaceForm placeForm() const;
-  void setPlaceForm(const PlaceForm& form);
+  DataEntryForm objectForm() const;
+  LocationEntry locationEntry() const;
+  void setLocationEntry(const LocationEntry& entry);
   // Where the cursor starts in the location mode.
   void focusLongitude();
 
@@ -33,6 +34,8 @@ class DataEntryDialog : public QDialog {
   QLineEdit* text1() const { return text1_; }
   QLineEdit* text2() const { return text2_; }
   QPushButton* okButton() const { return ok_; }
+  QLabel* statusLabel() const { return label3_; }
+  ExchangeMonitor& monitor() { return monitor_; }
   QLineEdit* latitudeDegrees() const { return latDegrees_; }
   QLineEdit* latitudeMinutes() const { return latMinutes_; }
   QRadioButton* north() const { return north_; }
@@ -42,6 +45,9 @@ class DataEntryDialog : public QDialog {
   QRadioButton* east() const { return east_; }
   QRadioButton* west() const { return west_; }
 
+ protected:
+  void done(int result) override;
+
  private:
   QWidget* BuildObjectPage();
   QWidget* BuildLocationPage();
@@ -49,6 +55,11 @@ class DataEntryDialog : public QDialog {
 
   GuiContext& context_;
   Mode mode_;
+  ScopeContext scope_;
+  ExchangeMonitor monitor_;
+  LiveExchange live_{context_, monitor_};
+  TelescopeReadBack readBack_{scope_, monitor_};
+  QLabel* label3_ = nullptr;
   QRadioButton* options_[3] = {};
   QLineEdit* text1_ = nullptr;
   QLineEdit* text2_ = nullptr;

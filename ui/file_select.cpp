@@ -5,6 +5,9 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include "catalog/search.h"
+#include "scope/gps_load.h"
+#include "scope/scope_gps_load.h"
 #include "session/file_select.h"
 #include "session/home_location.h"
 #include "ui/latin1.h"
@@ -12,7 +15,7 @@
 namespace astel::ui {
 
 FileSelectDialog::FileSelectDialog(GuiContext& context, QWidget* parent)
-    : QDialog(parent), context_(context) {
+    : QDialog(parent), context_(context), scope_(context.Scope()) {
   setObjectName("FileSelect");
   setWindowTitle("Load Home Location File or GPS Data");
 
@@ -65,13 +68,20 @@ FileSelectDialog::FileSelectDialog(GuiContext& context, QWidget* parent)
   scopeGps_->setText(FromLatin1(scope.caption));
   scopeGps_->setToolTip(FromLatin1(scope.toolTip));
   scopeGps_->setEnabled(scope.enabled);
+  scopeGpsEnabled_ = scope.enabled;
   FillFileList();
+  monitor_.onStatus = [this](const std::string& text) {
+    gpsStatus_->setText(FromLatin1(text));
+    ShowBusy(monitor_.busy);
+  };
 
   connect(check1_, &QCheckBox::clicked, this,
           [this](bool checked) { SetLoadTime(context_.state, checked); });
   connect(command1_, &QPushButton::clicked, this, &FileSelectDialog::LoadSelected);
   connect(file1_, &QListWidget::itemDoubleClicked, this, &FileSelectDialog::LoadSelected);
   connect(command2_, &QPushButton::clicked, this, &QDialog::reject);
+  connect(gpsLoad_, &QPushButton::clicked, this, [this] { RunLoad(false); });
+  connect(scopeGps_, &QPushButton::clicked, this, [this] { RunLoad(true); });
   resize(620, 320);
 }
 
@@ -93,6 +103,41 @@ void FileSelectDialog::LoadSelected() {
   if (!LoadSelectedHomeFile(context_.state, home, name)) return;
   loaded_ = true;
   accept();
+}
+
+void FileSelectDialog::RunLoad(bool fromTelescope) {
+  if (monitor_.busy) return;
+  ShowBusy(true);
+  const LoadOutcome outcome =
+      fromTelescope ? ScopeGpsLoad(scope_, monitor_) : GpsLoad(scope_, monitor_);
+  ShowBusy(false);
+  switch (outcome) {
+    case LoadOutcome::kNotStarted:
+      return;
+    case LoadOutcome::kLoaded:
+      // The place (and time) changed: the matches saved so far belong to the old ones.
+      ResetMatchSaving(context_.state);
+      loaded_ = true;
+      accept();
+      return;
+    case LoadOutcome::kFailed:
+      reject();
+      return;
+    case LoadOutcome::kCancelled:
+      return;  // the window is already closing
+  }
+}
+
+void FileSelectDialog::ShowBusy(bool busy) {
+  gpsLoad_->setEnabled(!busy);
+  scopeGps_->setEnabled(!busy && scopeGpsEnabled_);
+  command1_->setEnabled(!busy);
+}
+
+void FileSelectDialog::done(int result) {
+  // A load waiting for its device ends at its next round, then the window is gone.
+  monitor_.cancelRequested = true;
+  QDialog::done(result);
 }
 
 }  // namespace astel::ui

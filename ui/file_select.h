@@ -1,5 +1,6 @@
 // FileSelect: another home location file, or place and time from a GPS receiver or the
-// telescope.
+// telescope. A GPS or telescope load shows its progress in GPSstatus and keeps the load buttons
+// disabled while it runs; closing the window (its Cancel included) stops it.
 #pragma once
 
 #include <QCheckBox>
@@ -8,6 +9,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include "scope/exchange_monitor.h"
+#include "scope/scope_link.h"
 #include "ui/gui_context.h"
 
 namespace astel::ui {
@@ -24,14 +27,25 @@ class FileSelectDialog : public QDialog {
   QPushButton* gpsLoadButton() const { return gpsLoad_; }
   QLabel* statusLabel() const { return gpsStatus_; }
 
-  // True once a home file was loaded through this window.
+  // True once a home file, or place and time, were loaded through this window.
   bool loaded() const { return loaded_; }
+  ExchangeMonitor& monitor() { return monitor_; }
+
+ protected:
+  void done(int result) override;
 
  private:
   void FillFileList();
   void LoadSelected();
+  // GPSload and ScopeGPS: the load, then the window closes unless it never started.
+  void RunLoad(bool fromTelescope);
+  void ShowBusy(bool busy);
 
   GuiContext& context_;
+  ScopeContext scope_;
+  ExchangeMonitor monitor_;
+  LiveExchange live_{context_, monitor_};
+  bool scopeGpsEnabled_ = false;
   QListWidget* file1_;
   QPushButton* command1_;
   QPushButton* command2_;

@@ -1,5 +1,6 @@
 #include "ui/form1.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFontDatabase>
 #include <QFrame>
@@ -9,13 +10,13 @@
 
 #include "astro/solar_system.h"
 #include "session/home_location.h"
+#include "session/tick_runner.h"
 #include "ui/latin1.h"
 
 namespace astel::ui {
 
 namespace {
 
-constexpr int kTickMs = 900;
 constexpr int kValuePointSize = 12;
 constexpr int kTitlePointSize = 14;
 
@@ -31,7 +32,12 @@ Form1::Form1(GuiContext& context, QWidget* parent)
     : QWidget(parent),
       context_(context),
       logic_(context.state, context.clock, context.dialogs),
-      palette_(context.state.display) {
+      palette_(context.state.display),
+      searching_(new SearchingWindow(context.state.search, this)),
+      catalogPorts_{context.dialogs, context.events, *searching_, context.shell},
+      script_{context.state, context.dialogs, context.clock, context.events,
+              context.shell, catalogPorts_,   context.comm} {
+  endProgram = [](int code) { QCoreApplication::exit(code); };
   setObjectName("Form1");
   setAutoFillBackground(true);
   valueFont_ = QFontDatabase::systemFont(QFontDatabase::FixedFont);
@@ -66,7 +72,7 @@ Form1::Form1(GuiContext& context, QWidget* parent)
 
   timer1_ = new QTimer(this);
   timer1_->setObjectName("Timer1");
-  timer1_->setInterval(kTickMs);
+  timer1_->setInterval(kTickMilliseconds);
   connect(timer1_, &QTimer::timeout, this, &Form1::Tick);
   name1ClickDelay_ = new QTimer(this);
   name1ClickDelay_->setSingleShot(true);
@@ -324,9 +330,42 @@ QWidget* Form1::BuildTelescopeAndOptions() {
 }
 
 void Form1::Tick() {
-  if (!context_.state.form.timer1Enabled) return;
-  logic_.Tick();
+  const SharedState& s = context_.state;
+  if (exitCode_ || closing_) return;
+  if (s.script.scriptRunning) {
+    // A tick while a script command waits (WAIT, SLEEP): the display stands still, but the
+    // status line says which command is waiting; then the timer rests until the command is over.
+    status_->setText(FromLatin1(s.form.statusText));
+    if (!s.form.timer1Enabled) timer1_->stop();
+    return;
+  }
+  if (!s.form.timer1Enabled || actionRunning_) return;
+  const TickOutcome outcome = RunTick(logic_, script_);
+  if (outcome.exitProgram) {
+    // The labels show what the last command did, then the program ends.
+    exitCode_ = outcome.exitCode;
+    logic_.Load();
+    Refresh();
+    EndProgram(outcome.exitCode);
+    return;
+  }
   Refresh();
+}
+
+void Form1::StopEverythingWaiting() {
+  SharedState& s = context_.state;
+  s.script.stopRequested = true;
+  s.search.cancelRequested = true;
+  context_.CancelLiveExchanges();
+}
+
+void Form1::EndProgram(int exitCode) {
+  exitCode_ = exitCode;
+  timer1_->stop();
+  StopEverythingWaiting();
+  // A script's end is unattended: nothing is asked, only the day colours are put back.
+  if (context_.state.display.nightVision) palette_.Restore();
+  endProgram(exitCode);
 }
 
 void Form1::Refresh() {
@@ -394,7 +433,7 @@ void Form1::Refresh() {
   ApplyColours(d);
 
   // The live flag, not the copy of the last load: a chain may have stopped the timer since.
-  if (!context_.state.form.timer1Enabled) {
+  if (!context_.state.form.timer1Enabled || closing_ || exitCode_) {
     timer1_->stop();
   } else if (!timer1_->isActive()) {
     timer1_->start();
@@ -430,7 +469,9 @@ void Form1::paintEvent(QPaintEvent* event) {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
+  closing_ = true;
   timer1_->stop();
+  StopEverythingWaiting();
   OfferSaveOnExit(context_.state, context_.dialogs);
   if (context_.state.display.nightVision) palette_.Restore();
   event->accept();

@@ -1,6 +1,6 @@
 // Form1: the main window. It shows the texts that MainWindowLogic computes (place, time, catalog,
-// the selected object, telescope) and forwards every click to the logic; a 900 ms timer re-runs
-// the logic's tick so the display follows the clock.
+// the selected object, telescope) and forwards every click to the logic; a 900 ms timer runs the
+// program's tick (RunTick), so the display follows the clock and a script advances one command.
 #pragma once
 
 #include <QCheckBox>
@@ -9,13 +9,15 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
-#include <memory>
+#include <optional>
 
+#include "catalog/search_ports.h"
+#include "script/script_interpreter.h"
 #include "session/main_window.h"
 #include "ui/clickable_label.h"
 #include "ui/gui_context.h"
-#include "ui/help_form.h"
 #include "ui/palette.h"
+#include "ui/searching_window.h"
 
 namespace astel::ui {
 
@@ -28,14 +30,22 @@ class Form1 : public QWidget {
   MainWindowLogic& logic() { return logic_; }
   const PaletteKeeper& paletteKeeper() const { return palette_; }
   QTimer* timer1() const { return timer1_; }
+  SearchingWindow* searchingWindow() const { return searching_; }
+  CatalogPorts& catalogPorts() { return catalogPorts_; }
 
-  // What Timer1 does: the logic's tick (while the logic keeps the timer enabled), then Refresh.
+  // What Timer1 does: the program's tick (the recalculation and one script command) while the
+  // logic keeps the timer enabled and no button's work is in progress, then Refresh. When the
+  // script has ended, the program ends with its exit code.
   void Tick();
   // Copies the logic's display texts, tool tips, states and colours into the controls.
   void Refresh();
 
   // Called once, after the window's first paint (start-up timing, screenshots).
   std::function<void()> onFirstPaint;
+  // How the program ends when a script is over; QCoreApplication::exit unless a test replaces it.
+  std::function<void(int exitCode)> endProgram;
+  // The exit code once a script has ended the program.
+  std::optional<int> programExitCode() const { return exitCode_; }
 
   // The dialogs the buttons open, also reached by the screenshot tour.
   void OpenFileSelect();
@@ -62,11 +72,22 @@ class Form1 : public QWidget {
   void ApplyColours(const MainDisplay& d);
   void CopyToClipboard(const QLabel* label);
   void AfterChange();  // the load handler again, then the controls
-  std::vector<HelpEntry> HelpTopicList() const;
+  // Runs a button's work, then AfterChange. A click that arrives while another button's work
+  // lets events run (a scan, a telescope exchange, a dialog) is ignored.
+  void RunAction(const std::function<void()>& work);
+  // Stops whatever waits (a script's WAIT or SLEEP, a scan, a telescope exchange).
+  void StopEverythingWaiting();
+  void EndProgram(int exitCode);
 
   GuiContext& context_;
   MainWindowLogic logic_;
   PaletteKeeper palette_;
+  SearchingWindow* searching_;
+  CatalogPorts catalogPorts_;
+  ScriptContext script_;
+  bool actionRunning_ = false;
+  bool closing_ = false;
+  std::optional<int> exitCode_;
   QTimer* timer1_;
   QTimer* name1ClickDelay_;
   bool painted_ = false;

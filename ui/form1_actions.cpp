@@ -1,9 +1,13 @@
 // Form1's clicks: each one calls the logic that does the work, then refreshes the controls.
 #include <QApplication>
 #include <QColorDialog>
-#include <QFileInfo>
 
+#include "catalog/best_of_sky.h"
+#include "catalog/matches_file.h"
+#include "catalog/object_entry.h"
+#include "catalog/search.h"
 #include "core/observing_log.h"
+#include "scope/goto_scope.h"
 #include "session/date_time_entry.h"
 #include "session/home_location.h"
 #include "session/night_vision_toggle.h"
@@ -13,6 +17,7 @@
 #include "ui/data_entry.h"
 #include "ui/file_select.h"
 #include "ui/form1.h"
+#include "ui/help_form.h"
 #include "ui/latin1.h"
 #include "ui/move_scope.h"
 #include "ui/scope_form.h"
@@ -21,48 +26,50 @@ namespace astel::ui {
 
 void Form1::ConnectActions() {
   SharedState& s = context_.state;
-  auto after = [this](auto action) {
-    return [this, action] {
-      action();
-      AfterChange();
-    };
-  };
+  Dialogs& dialogs = context_.dialogs;
+  // A click whose work is one call of the logic.
+  auto run = [this](auto work) { return [this, work] { RunAction(work); }; };
 
-  connect(dateButton_, &QPushButton::clicked, this, [this, &s] {
-    timer1_->stop();
-    DateButtonClick(s, context_.dialogs, logic_);
-    Refresh();
-  });
-  connect(timeButton_, &QPushButton::clicked, this, [this, &s] {
-    timer1_->stop();
-    TimeButtonClick(s, context_.dialogs, logic_);
-    Refresh();
-  });
+  connect(dateButton_, &QPushButton::clicked, this, run([this, &s, &dialogs] {
+            timer1_->stop();
+            DateButtonClick(s, dialogs, logic_);
+          }));
+  connect(timeButton_, &QPushButton::clicked, this, run([this, &s, &dialogs] {
+            timer1_->stop();
+            TimeButtonClick(s, dialogs, logic_);
+          }));
   connect(latitudeButton_, &QPushButton::clicked, this, [this] { OpenLocationEntry(false); });
   connect(longitudeButton_, &QPushButton::clicked, this, [this] { OpenLocationEntry(true); });
   connect(gmt_, &ClickableLabel::clicked, this,
-          after([this, &s] { TimeZoneClick(s, context_.dialogs, context_.clock); }));
-  connect(realTime_, &QPushButton::clicked, this, [this] {
-    logic_.BackToRealTime();
-    Refresh();
-  });
-  connect(command2_, &QPushButton::clicked, this, [this, &s] { SaveButton(s, context_.dialogs); });
+          run([this, &s, &dialogs] { TimeZoneClick(s, dialogs, context_.clock); }));
+  connect(realTime_, &QPushButton::clicked, this, run([this] { logic_.BackToRealTime(); }));
+  connect(command2_, &QPushButton::clicked, this, run([&s, &dialogs] { SaveButton(s, dialogs); }));
   connect(command3_, &QPushButton::clicked, this, &Form1::OpenFileSelect);
   connect(locOpt_, &ClickableLabel::clicked, this, &Form1::OpenFileSelect);
-  connect(label1_, &ClickableLabel::clicked, this, [this, &s] {
-    const QColor chosen = QColorDialog::getColor(
-        ToQColor(s.display.nightVision ? s.display.dayBackColor : s.display.backColor), this,
-        "Background Color");
-    if (!chosen.isValid()) return;
-    SetBackgroundColour(s, FromQColor(chosen));
-    AfterChange();
-  });
+  connect(label1_, &ClickableLabel::clicked, this, run([this, &s] {
+            const QColor chosen = QColorDialog::getColor(
+                ToQColor(s.display.nightVision ? s.display.dayBackColor : s.display.backColor),
+                this, "Background Color");
+            if (chosen.isValid()) SetBackgroundColour(s, FromQColor(chosen));
+          }));
 
   connect(list1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    logic_.SelectSolarSystemBody(list1_->row(item));
-    Refresh();
+    const int body = list1_->row(item);
+    RunAction([this, body] { logic_.SelectSolarSystemBody(body); });
   });
   connect(catalogButton_, &QPushButton::clicked, this, &Form1::OpenCatalogSelect);
+  connect(simpleSearch_, &QPushButton::clicked, this,
+          run([this, &s] { SimpleSearch(s, catalogPorts_); }));
+  connect(detailedSearch_, &QPushButton::clicked, this,
+          run([this, &s] { DetailedSearch(s, catalogPorts_); }));
+  connect(nextMatch_, &QPushButton::clicked, this,
+          run([this, &s] { NextMatch(s, catalogPorts_); }));
+  connect(previousMatch_, &QPushButton::clicked, this, run([&s] { PreviousMatch(s); }));
+  connect(writeMatch_, &QPushButton::clicked, this,
+          run([this, &s] { WriteMatchButtonClick(s, catalogPorts_); }));
+  connect(bestOf_, &QPushButton::clicked, this,
+          run([this, &s] { BestOfTheSky(s, catalogPorts_); }));
+
   connect(objectButton_, &QPushButton::clicked, this, &Form1::OpenObjectEntry);
   // Name1 opens the object entry on a click, but not on the first click of a double-click.
   connect(name1_, &ClickableLabel::clicked, this,
@@ -75,15 +82,26 @@ void Form1::ConnectActions() {
   for (ClickableLabel* label : {name2_, name3_, name4_, name5_, catalog_}) {
     connect(label, &ClickableLabel::doubleClicked, this, [this, label] { CopyToClipboard(label); });
   }
+  connect(addObject_, &QPushButton::clicked, this, run([&s, &dialogs] { AddObject(s, dialogs); }));
   connect(command7_, &QPushButton::clicked, this,
-          [this, &s] { TakeObservingNotes(s, context_.dialogs); });
+          run([&s, &dialogs] { TakeObservingNotes(s, dialogs); }));
   connect(skyChart_, &QPushButton::clicked, this,
-          [this, &s] { SkyChartClick(s, context_.dialogs, context_.shell); });
+          run([this, &s, &dialogs] { SkyChartClick(s, dialogs, context_.shell); }));
 
+  connect(command1_, &QPushButton::clicked, this,
+          run([this, &s, &dialogs] { GotoScope(s, context_.comm, dialogs, context_.events); }));
   connect(scope_, &QPushButton::clicked, this, &Form1::OpenScopeForm);
   connect(motorControl_, &QPushButton::clicked, this, &Form1::OpenMoveScope);
   connect(check1_, &QCheckBox::clicked, this, &Form1::ToggleNightVision);
   connect(help_, &QPushButton::clicked, this, &Form1::OpenHelp);
+}
+
+void Form1::RunAction(const std::function<void()>& work) {
+  if (actionRunning_ || closing_ || exitCode_) return;
+  actionRunning_ = true;
+  work();
+  actionRunning_ = false;
+  AfterChange();
 }
 
 void Form1::AfterChange() {
@@ -97,57 +115,62 @@ void Form1::CopyToClipboard(const QLabel* label) {
 }
 
 void Form1::ToggleNightVision() {
-  ToggleRedScreen(context_.state.display);
-  palette_.Apply(context_.state.display);
-  AfterChange();
+  RunAction([this] {
+    ToggleRedScreen(context_.state.display);
+    palette_.Apply(context_.state.display);
+  });
 }
 
 void Form1::OpenFileSelect() {
-  FileSelectDialog dialog(context_, this);
-  dialog.exec();
-  if (dialog.loaded()) {
+  RunAction([this] {
+    FileSelectDialog dialog(context_, this);
+    dialog.exec();
     // A home file brings its own colours, telescope and place.
-    palette_.Apply(context_.state.display);
-    AfterChange();
-  }
+    if (dialog.loaded()) palette_.Apply(context_.state.display);
+  });
 }
 
 void Form1::OpenLocationEntry(bool longitude) {
-  DataEntryDialog dialog(context_, DataEntryDialog::Mode::kLocation, this);
-  if (longitude) dialog.focusLongitude();
-  if (dialog.exec() == QDialog::Accepted) AfterChange();
+  RunAction([this, longitude] {
+    DataEntryDialog dialog(context_, DataEntryDialog::Mode::kLocation, this);
+    if (longitude) dialog.focusLongitude();
+    dialog.exec();
+  });
 }
 
 void Form1::OpenObjectEntry() {
-  DataEntryDialog dialog(context_, DataEntryDialog::Mode::kObject, this);
-  if (dialog.exec() == QDialog::Accepted) AfterChange();
+  RunAction([this] {
+    DataEntryDialog dialog(context_, DataEntryDialog::Mode::kObject, this);
+    dialog.exec();
+  });
 }
 
 void Form1::OpenCatalogSelect() {
-  CatalogSelectDialog dialog(context_, this);
-  if (dialog.exec() == QDialog::Accepted) AfterChange();
+  RunAction([this] {
+    CatalogSelectDialog dialog(context_, this);
+    dialog.exec();
+  });
 }
 
 void Form1::OpenScopeForm() {
-  ScopeFormDialog dialog(context_, this);
-  dialog.exec();
-  AfterChange();
+  RunAction([this] {
+    ScopeFormDialog dialog(context_, this);
+    dialog.exec();
+  });
 }
 
 void Form1::OpenMoveScope() {
-  MoveScopeDialog dialog(context_, this);
-  dialog.exec();
-  AfterChange();
-}
-
-std::vector<HelpEntry> Form1::HelpTopicList() const {
-  return {};
+  RunAction([this] {
+    MoveScopeDialog dialog(context_, this);
+    dialog.exec();
+  });
 }
 
 void Form1::OpenHelp() {
-  HelpFormDialog dialog(context_, HelpTopicList(), context_.state.files.installDir + "ASTEL.HTM",
-                        this);
-  dialog.exec();
+  RunAction([this] {
+    HelpFormDialog dialog(context_, this);
+    dialog.exec();
+  });
 }
 
 }  // namespace astel::ui

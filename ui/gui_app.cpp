@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QStyleFactory>
+#include <iostream>
 
 #include "core/system_ports.h"
 #include "ui/form1.h"
@@ -31,6 +32,9 @@ int RunGui(int& argc, char** argv, const StartupInputs& inputs) {
   SystemShell shell;
   QtClipboard clipboard;
   QtWindows windows;
+  // The one set of serial ports; failures are explained on standard error, where a user starting
+  // the program from a terminal looks for them.
+  CommPorts comm(events, std::cerr);
   GuiContext context{state,
                      dialogs,
                      clock,
@@ -38,8 +42,10 @@ int RunGui(int& argc, char** argv, const StartupInputs& inputs) {
                      shell,
                      clipboard,
                      windows,
+                     comm,
                      inputs.executablePath,
-                     inputs.desktopDir};
+                     inputs.desktopDir,
+                     {}};
   windows.openScopeSelection = [&context] {
     ScopeFormDialog dialog(context, nullptr);
     dialog.exec();
@@ -58,7 +64,9 @@ int RunGui(int& argc, char** argv, const StartupInputs& inputs) {
     form.onFirstPaint = [] { QCoreApplication::quit(); };
   }
   form.show();
-  return app.exec();
+  const int code = app.exec();
+  // A script that ended the program gives its own code, whatever else asked to quit meanwhile.
+  return form.programExitCode().value_or(code);
 }
 
 }  // namespace astel::ui

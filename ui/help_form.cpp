@@ -1,28 +1,23 @@
 #include "ui/help_form.h"
 
-#include <QDir>
-#include <QGroupBox>
 #include <QVBoxLayout>
 
+#include "catalog/help_topics.h"
 #include "ui/clickable_label.h"
 #include "ui/latin1.h"
 
 namespace astel::ui {
 
-HelpFormDialog::HelpFormDialog(GuiContext& context, std::vector<HelpEntry> topics,
-                               std::string documentation, QWidget* parent)
-    : QDialog(parent),
-      context_(context),
-      entries_(std::move(topics)),
-      documentation_(std::move(documentation)) {
+HelpFormDialog::HelpFormDialog(GuiContext& context, QWidget* parent)
+    : QDialog(parent), context_(context) {
   setObjectName("HelpForm");
   setWindowTitle("ASTEL+S Help");
 
   list1_ = new QListWidget(this);
   list1_->setObjectName("List1");
   list1_->setToolTip("Click a topic to read about it");
-  for (const HelpEntry& e : entries_) {
-    list1_->addItem(FromLatin1(e.title));
+  for (const HelpTopic& topic : HelpTopics()) {
+    list1_->addItem(QString::fromLatin1(topic.title));
   }
   list1_->setMinimumWidth(list1_->sizeHintForColumn(0) + 30);
   text1_ = new QTextEdit(this);
@@ -31,8 +26,9 @@ HelpFormDialog::HelpFormDialog(GuiContext& context, std::vector<HelpEntry> topic
   file1_ = new QListWidget(this);
   file1_->setObjectName("File1");
   file1_->setToolTip("Click a page to open it in your web browser");
-  const QString dir = FromLatin1(context_.state.files.installDir);
-  file1_->addItems(QDir(dir).entryList({"*.HTM*"}, QDir::Files, QDir::Name | QDir::IgnoreCase));
+  for (const std::string& page : HelpPages(context_.state.files.installDir)) {
+    file1_->addItem(FromLatin1(page));
+  }
   file1_->setMaximumHeight(file1_->sizeHintForRow(0) * 7 + 8);
 
   auto* link = new ClickableLabel(this);
@@ -42,7 +38,7 @@ HelpFormDialog::HelpFormDialog(GuiContext& context, std::vector<HelpEntry> topic
   QFont underlined = link->font();
   underlined.setUnderline(true);
   link->setFont(underlined);
-  link->setToolTip(FromLatin1(documentation_));
+  link->setToolTip(FromLatin1(DocumentationAddress(context_.state)));
   link->setCursor(Qt::PointingHandCursor);
   label1_ = link;
 
@@ -55,16 +51,17 @@ HelpFormDialog::HelpFormDialog(GuiContext& context, std::vector<HelpEntry> topic
   layout->addWidget(list1_);
   layout->addLayout(right, 1);
 
-  connect(list1_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (row < 0 || row >= static_cast<int>(entries_.size())) return;
-    text1_->setPlainText(FromLatin1(entries_[static_cast<std::size_t>(row)].text));
+  connect(list1_, &QListWidget::currentItemChanged, this, [this](QListWidgetItem* item) {
+    if (item) text1_->setPlainText(FromLatin1(HelpText(ToLatin1(item->text()))));
   });
   connect(file1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
     const std::string dir = context_.state.files.installDir;
     context_.shell.OpenDocument(dir + ToLatin1(item->text()), dir);
   });
-  connect(link, &ClickableLabel::clicked, this,
-          [this] { context_.shell.OpenDocument(documentation_, context_.state.files.installDir); });
+  connect(link, &ClickableLabel::clicked, this, [this] {
+    context_.shell.OpenDocument(DocumentationAddress(context_.state),
+                                context_.state.files.installDir);
+  });
   resize(760, 460);
 }
 

@@ -13,31 +13,40 @@ namespace {
 int MouseNumber(Qt::MouseButton button) {
   switch (button) {
     case Qt::LeftButton:
-      return MoveScopeDialog::kLeftMouse;
+      return kLeftMouse;
     case Qt::RightButton:
-      return MoveScopeDialog::kRightMouse;
+      return kRightMouse;
     case Qt::MiddleButton:
-      return MoveScopeDialog::kMiddleMouse;
+      return kMiddleMouse;
     default:
       return 0;
   }
 }
 
 constexpr int kRates = 9;
-constexpr int kFastestRateRow = 8;
 
 }  // namespace
 
 MoveScopeDialog::MoveScopeDialog(GuiContext& context, QWidget* parent)
-    : QDialog(parent), context_(context) {
+    : QDialog(parent),
+      context_(context),
+      safety_(new QTimer(this)),
+      pause_(new QTimer(this)),
+      safetyPort_(*safety_),
+      pausePort_(*pause_),
+      logic_(context.state, context.comm, context.dialogs, context.events, safetyPort_,
+             pausePort_) {
   setObjectName("MoveScope");
   setWindowTitle("Telescope Motor Control");
+  safety_->setObjectName("Safety");
+  pause_->setObjectName("Timer1");
 
   struct ButtonText {
     const char* name;
     const char* caption;
     const char* tip;
   };
+  // In the order of MoveButton.
   static constexpr ButtonText kButtons[4] = {
       {"Up", "Up", "Moves scope Higher in Altitude"},
       {"Down", "Down", "Moves Scope Lower in Altitude"},
@@ -51,14 +60,10 @@ MoveScopeDialog::MoveScopeDialog(GuiContext& context, QWidget* parent)
     b->setMinimumSize(90, 48);
     b->setAutoDefault(false);
     buttons_[i] = b;
-    const auto direction = static_cast<Direction>(i);
-    // QPushButton reports only the left button's press and release.
-    connect(b, &QPushButton::pressed, this, [this, direction] {
-      if (onPress) onPress(direction, kLeftMouse);
-    });
-    connect(b, &QPushButton::released, this, [this, direction] {
-      if (onRelease) onRelease(direction, kLeftMouse);
-    });
+    const auto which = static_cast<MoveButton>(i);
+    // QPushButton reports only the left button's press and release, which is all that moves.
+    connect(b, &QPushButton::pressed, this, [this, which] { Press(which); });
+    connect(b, &QPushButton::released, this, [this, which] { Release(which); });
   }
 
   list1_ = new QListWidget(this);
@@ -67,7 +72,7 @@ MoveScopeDialog::MoveScopeDialog(GuiContext& context, QWidget* parent)
   for (int rate = 1; rate <= kRates; ++rate) {
     list1_->addItem(QString::number(rate));
   }
-  list1_->setCurrentRow(kFastestRateRow);
+  list1_->setCurrentRow(kDefaultRateIndex);
   list1_->setMaximumWidth(list1_->fontMetrics().horizontalAdvance("0") * 6 + 30);
 
   reverseLeftRight_ = new QCheckBox("Reverse Left-Right", this);
@@ -84,16 +89,11 @@ MoveScopeDialog::MoveScopeDialog(GuiContext& context, QWidget* parent)
   general_->setWordWrap(true);
   general_->setMinimumHeight(general_->fontMetrics().height() * 3);
 
-  safety_ = new QTimer(this);
-  safety_->setObjectName("Safety");
-  pause_ = new QTimer(this);
-  pause_->setObjectName("Timer1");
-
   auto* pad = new QGridLayout;
-  pad->addWidget(buttons_[kUp], 0, 1);
-  pad->addWidget(buttons_[kLeft], 1, 0);
-  pad->addWidget(buttons_[kRight], 1, 2);
-  pad->addWidget(buttons_[kDown], 2, 1);
+  pad->addWidget(button(MoveButton::kUp), 0, 1);
+  pad->addWidget(button(MoveButton::kLeft), 1, 0);
+  pad->addWidget(button(MoveButton::kRight), 1, 2);
+  pad->addWidget(button(MoveButton::kDown), 2, 1);
   auto* rates = new QVBoxLayout;
   rates->addWidget(new QLabel("Rate", this));
   rates->addWidget(list1_);
@@ -111,42 +111,104 @@ MoveScopeDialog::MoveScopeDialog(GuiContext& context, QWidget* parent)
   layout->addWidget(general_);
 
   connect(list1_, &QListWidget::currentRowChanged, this, [this](int row) {
-    if (onRate && row >= 0) onRate(row);
+    if (row >= 0) logic_.SetRateIndex(row);
   });
-  connect(reverseLeftRight_, &QCheckBox::toggled, this, [this](bool on) {
-    if (onReverseLeftRight) onReverseLeftRight(on);
-  });
-  connect(reverseUpDown_, &QCheckBox::toggled, this, [this](bool on) {
-    if (onReverseUpDown) onReverseUpDown(on);
-  });
+  connect(reverseLeftRight_, &QCheckBox::toggled, this,
+          [this](bool on) { logic_.SetReverseLeftRight(on); });
+  connect(reverseUpDown_, &QCheckBox::toggled, this,
+          [this](bool on) { logic_.SetReverseUpDown(on); });
   connect(remoteMouse_, &QCheckBox::toggled, this, [this](bool on) {
-    if (onRemoteMouse) onRemoteMouse(on);
+    logic_.SetRemoteMouse(on);
+    ShowState();
+  });
+  connect(safety_, &QTimer::timeout, this, [this] {
+    logic_.SafetyTimeout();
+    ShowState();
+  });
+  connect(pause_, &QTimer::timeout, this, [this] {
+    logic_.PauseTimeout();
+    ShowState();
   });
 }
 
-void MoveScopeDialog::setGeneral(const std::string& text) {
-  general_->setText(FromLatin1(text));
+void MoveScopeDialog::Press(MoveButton b) {
+  held_ = static_cast<int>(b);
+  switch (b) {
+    case MoveButton::kUp:
+      logic_.UpDown(kLeftMouse);
+      break;
+    case MoveButton::kDown:
+      logic_.DownDown(kLeftMouse);
+      break;
+    case MoveButton::kLeft:
+      logic_.LeftDown(kLeftMouse);
+      break;
+    case MoveButton::kRight:
+      logic_.RightDown(kLeftMouse);
+      break;
+  }
+  ShowState();
+}
+
+void MoveScopeDialog::Release(MoveButton b) {
+  // Only the button that was pressed is released, once: disabling a button that Qt still thinks
+  // is down reports one more release.
+  if (held_ != static_cast<int>(b)) return;
+  held_ = -1;
+  switch (b) {
+    case MoveButton::kUp:
+      logic_.UpUp(kLeftMouse);
+      break;
+    case MoveButton::kDown:
+      logic_.DownUp(kLeftMouse);
+      break;
+    case MoveButton::kLeft:
+      logic_.LeftUp(kLeftMouse);
+      break;
+    case MoveButton::kRight:
+      logic_.RightUp(kLeftMouse);
+      break;
+  }
+  ShowState();
+}
+
+void MoveScopeDialog::ShowState() {
+  general_->setText(FromLatin1(logic_.General()));
+  for (int i = 0; i < 4; ++i) {
+    const bool enabled = logic_.ButtonEnabled(static_cast<MoveButton>(i));
+    // A button that is held stays enabled, or Qt would lose its release.
+    if (i != held_) buttons_[i]->setEnabled(enabled);
+  }
 }
 
 void MoveScopeDialog::mousePressEvent(QMouseEvent* event) {
-  if (onFormMouseDown && remoteMouse_->isChecked()) onFormMouseDown(MouseNumber(event->button()));
+  if (remoteMouse_->isChecked()) {
+    logic_.FormMouseDown(MouseNumber(event->button()));
+    ShowState();
+  }
   QDialog::mousePressEvent(event);
 }
 
 void MoveScopeDialog::mouseReleaseEvent(QMouseEvent* event) {
-  if (onFormMouseUp && remoteMouse_->isChecked()) onFormMouseUp(MouseNumber(event->button()));
+  if (remoteMouse_->isChecked()) {
+    logic_.FormMouseUp(MouseNumber(event->button()));
+    ShowState();
+  }
   QDialog::mouseReleaseEvent(event);
 }
 
 void MoveScopeDialog::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ActivationChange && !isActiveWindow() && onDeactivate) {
-    onDeactivate();
+  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) {
+    if (held_ >= 0) Release(static_cast<MoveButton>(held_));
+    logic_.Deactivate();
   }
   QDialog::changeEvent(event);
 }
 
 void MoveScopeDialog::done(int result) {
-  if (onClose) onClose();
+  // A motion still running is stopped (by Close) before the window goes; no release follows it.
+  held_ = -1;
+  logic_.Close();
   QDialog::done(result);
 }
 

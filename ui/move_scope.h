@@ -1,5 +1,6 @@
 // MoveScope: the telescope slewed by hand. The direction buttons act on press and on release;
-// with the remote mouse on, presses on the window's free area drive the telescope too.
+// with the remote mouse on, presses on the window's free area drive the telescope too. Every
+// action goes to MoveScopeLogic; its Safety (10 s) and Timer1 (2 s) timers are QTimers here.
 #pragma once
 
 #include <QCheckBox>
@@ -8,37 +9,25 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTimer>
-#include <functional>
 
+#include "scope/move_scope.h"
 #include "ui/gui_context.h"
+#include "ui/qt_timer.h"
 
 namespace astel::ui {
 
 class MoveScopeDialog : public QDialog {
   Q_OBJECT
  public:
-  enum Direction { kUp = 0, kDown = 1, kLeft = 2, kRight = 3 };
-  // Mouse button numbers as the motor logic counts them.
-  static constexpr int kLeftMouse = 1, kRightMouse = 2, kMiddleMouse = 4;
-
   MoveScopeDialog(GuiContext& context, QWidget* parent);
 
-  // Set by the owner of the motor logic.
-  std::function<void(Direction, int mouseButton)> onPress;
-  std::function<void(Direction, int mouseButton)> onRelease;
-  std::function<void(int rateIndex)> onRate;
-  std::function<void(bool)> onReverseLeftRight, onReverseUpDown, onRemoteMouse;
-  std::function<void(int mouseButton)> onFormMouseDown, onFormMouseUp;
-  std::function<void()> onDeactivate, onClose;
-
-  void setGeneral(const std::string& text);
-  QPushButton* button(Direction d) const { return buttons_[d]; }
+  MoveScopeLogic& logic() { return logic_; }
+  QPushButton* button(MoveButton b) const { return buttons_[static_cast<int>(b)]; }
   QListWidget* rates() const { return list1_; }
   QCheckBox* reverseLeftRight() const { return reverseLeftRight_; }
   QCheckBox* reverseUpDown() const { return reverseUpDown_; }
   QCheckBox* remoteMouse() const { return remoteMouse_; }
   QLabel* general() const { return general_; }
-  // The window's own timers: Safety (10 s) and Timer1 (2 s).
   QTimer* safetyTimer() const { return safety_; }
   QTimer* pauseTimer() const { return pause_; }
 
@@ -49,15 +38,26 @@ class MoveScopeDialog : public QDialog {
   void done(int result) override;
 
  private:
+  void Press(MoveButton b);
+  void Release(MoveButton b);
+  // The logic's status text and button states into the controls.
+  void ShowState();
+
   GuiContext& context_;
+  QTimer* safety_;
+  QTimer* pause_;
+  QtTimerPort safetyPort_;
+  QtTimerPort pausePort_;
+  MoveScopeLogic logic_;
   QPushButton* buttons_[4];
   QListWidget* list1_;
   QCheckBox* reverseLeftRight_;
   QCheckBox* reverseUpDown_;
   QCheckBox* remoteMouse_;
   QLabel* general_;
-  QTimer* safety_;
-  QTimer* pause_;
+  // The direction button held down, if any: a window that loses the focus never hears its
+  // release, so it is released for it.
+  int held_ = -1;
 };
 
 }  // namespace astel::ui

@@ -14,7 +14,11 @@ constexpr int kComPortRows = 8;
 }
 
 ScopeFormDialog::ScopeFormDialog(GuiContext& context, QWidget* parent)
-    : QDialog(parent), context_(context) {
+    : QDialog(parent),
+      context_(context),
+      scope_(context.Scope()),
+      logic_(scope_),
+      live_(context, logic_.monitor()) {
   setObjectName("ScopeForm");
   setWindowTitle("Select Goto Telescope and Serial Port");
   const TelescopeState& t = context_.state.telescope;
@@ -63,34 +67,34 @@ ScopeFormDialog::ScopeFormDialog(GuiContext& context, QWidget* parent)
   layout->addWidget(status_);
   layout->addLayout(buttons);
 
-  connect(list1_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    if (onTelescopeClicked) onTelescopeClicked(ToLatin1(item->text()));
-  });
-  connect(list2_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-    if (onPortClicked) onPortClicked(ToLatin1(item->text()));
-  });
+  logic_.monitor().onStatus = [this](const std::string& text) {
+    status_->setText(FromLatin1(text));
+  };
+  connect(list1_, &QListWidget::itemClicked, this,
+          [this](QListWidgetItem* item) { logic_.List1Click(ToLatin1(item->text())); });
+  connect(list2_, &QListWidget::itemClicked, this,
+          [this](QListWidgetItem* item) { logic_.List2Click(ToLatin1(item->text())); });
   connect(ok_, &QPushButton::clicked, this, [this] {
     const QListWidgetItem* item = list1_->currentItem();
     const std::string row = item && item->isSelected() ? ToLatin1(item->text()) : "";
-    if (onOk && onOk(row)) accept();
+    if (logic_.OkClick(row)) accept();
   });
   connect(upload_, &QPushButton::clicked, this, [this] {
-    if (onUpload) onUpload();
+    if (logic_.monitor().busy) return;
+    ShowBusy(true);
+    logic_.UploadClick();
+    ShowBusy(false);
   });
   resize(720, 380);
 }
 
-void ScopeFormDialog::setStatus(const std::string& text) {
-  status_->setText(FromLatin1(text));
-}
-
-void ScopeFormDialog::setBusy(bool busy) {
+void ScopeFormDialog::ShowBusy(bool busy) {
   ok_->setEnabled(!busy);
   upload_->setEnabled(!busy);
 }
 
 void ScopeFormDialog::done(int result) {
-  if (onClose) onClose();
+  logic_.Close();
   QDialog::done(result);
 }
 

@@ -1,12 +1,14 @@
-// ScopeForm: the telescope model and its serial port, and the upload of place and time.
+// ScopeForm: the telescope model and its serial port, and the upload of place and time. Every
+// click goes to ScopeFormLogic; ScopeStatus shows the upload's progress, and closing the window
+// stops an upload that waits for the telescope.
 #pragma once
 
 #include <QDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
-#include <functional>
 
+#include "scope/scope_form.h"
 #include "ui/gui_context.h"
 
 namespace astel::ui {
@@ -16,15 +18,7 @@ class ScopeFormDialog : public QDialog {
  public:
   ScopeFormDialog(GuiContext& context, QWidget* parent);
 
-  // Set by the owner of the telescope-selection logic.
-  std::function<void(const std::string& row)> onTelescopeClicked;
-  std::function<void(const std::string& row)> onPortClicked;
-  std::function<bool(const std::string& row)> onOk;  // true closes the window
-  std::function<void()> onUpload;
-  std::function<void()> onClose;
-
-  void setStatus(const std::string& text);
-  void setBusy(bool busy);
+  ScopeFormLogic& logic() { return logic_; }
 
   QListWidget* telescopes() const { return list1_; }
   QListWidget* ports() const { return list2_; }
@@ -36,7 +30,12 @@ class ScopeFormDialog : public QDialog {
   void done(int result) override;
 
  private:
+  void ShowBusy(bool busy);
+
   GuiContext& context_;
+  ScopeContext scope_;
+  ScopeFormLogic logic_;
+  LiveExchange live_;
   QListWidget* list1_;
   QListWidget* list2_;
   QPushButton* ok_;

@@ -6,6 +6,7 @@
 #include <QInputDialog>
 #include <QThread>
 
+#include "catalog/search.h"
 #include "session/date_time_entry.h"
 #include "ui/catalog_select.h"
 #include "ui/data_entry.h"
@@ -38,21 +39,46 @@ void Save(QWidget& window, const QString& dir, const char* name) {
   window.grab().save(QDir(dir).filePath(QString::fromLatin1(name) + ".png"));
 }
 
+// The Searching window of a real scan, photographed once the scan is well under way.
+class PhotographedSearch : public SearchWindow {
+ public:
+  PhotographedSearch(SearchingWindow& window, QString dir)
+      : window_(window), dir_(std::move(dir)) {}
+  void Show(const std::string& caption) override { window_.Show(caption); }
+  void SetProgress(const std::string& text) override {
+    window_.SetProgress(text);
+    if (++progressCalls_ == kShotAtProgress) Save(window_, dir_, "searching");
+  }
+  void Hide() override { window_.Hide(); }
+
+ private:
+  static constexpr int kShotAtProgress = 40;  // 4,000 records read
+  SearchingWindow& window_;
+  QString dir_;
+  int progressCalls_ = 0;
+};
+
 }  // namespace
 
 void RunScreenshotTour(Form1& form, GuiContext& context, const QString& dir) {
   QDir().mkpath(dir);
+  // A search deep into the default catalog: the Searching window mid-scan, then the match.
+  {
+    PhotographedSearch searching(*form.searchingWindow(), dir);
+    CatalogPorts ports{context.dialogs, context.events, searching, context.shell};
+    form.timer1()->stop();  // no tick in the middle of the scan (Refresh starts it again)
+    FindObject(context.state, ports, "Mizar");
+    form.logic().Load();
+    form.Refresh();
+    Save(form, dir, "form1_search");
+  }
   form.logic().SelectSolarSystemBody(3);  // the Moon fills every object label
   form.Refresh();
   Save(form, dir, "form1_day");
 
   {
-    SearchingWindow w(context.state.search, &form);
-    w.ShowCaption("Searching for M31  in Catalog FULL.OBC    12400");
-    Save(w, dir, "searching");
-  }
-  {
     FileSelectDialog w(context, &form);
+    w.monitor().ShowStatus("Waiting for Valid Satellite Data Fix");
     Save(w, dir, "file_select");
   }
   {
@@ -69,20 +95,18 @@ void RunScreenshotTour(Form1& form, GuiContext& context, const QString& dir) {
   }
   {
     ScopeFormDialog w(context, &form);
-    w.setStatus("No scope response yet. Verify Connection.");
+    w.logic().monitor().ShowStatus("No scope response yet. Verify Connection.");
     Save(w, dir, "scope_form");
   }
   {
     MoveScopeDialog w(context, &form);
-    w.setGeneral(
-        "Move mouse to blank part of form, then pick it up. Use L/R buttons for motion. Middle "
-        "button shifts axis.");
+    w.remoteMouse()->setChecked(true);
     Save(w, dir, "move_scope");
   }
   {
-    HelpFormDialog w(context, {{"Night Vision", "Darkens the screen."}},
-                     context.state.files.installDir + "ASTEL.HTM", &form);
-    w.topics()->setCurrentRow(0);
+    HelpFormDialog w(context, &form);
+    const auto found = w.topics()->findItems("Night Vision", Qt::MatchExactly);
+    if (!found.isEmpty()) w.topics()->setCurrentItem(found.front());
     Save(w, dir, "help_form");
   }
   {

@@ -10,6 +10,7 @@ SearchingWindow::SearchingWindow(SearchState& search, QWidget* parent)
     : QDialog(parent), search_(search) {
   setObjectName("Searching");
   setWindowTitle("Searching");
+  setModal(true);
   label_ = new QLabel(this);
   label_->setObjectName("Label1");
   label_->setWordWrap(true);
@@ -24,7 +25,7 @@ SearchingWindow::SearchingWindow(SearchState& search, QWidget* parent)
   connect(cancel_, &QPushButton::clicked, this, [this] { search_.cancelRequested = true; });
 }
 
-void SearchingWindow::ShowCaption(const std::string& caption) {
+void SearchingWindow::Show(const std::string& caption) {
   label_->setText(FromLatin1(caption));
   show();
   raise();
@@ -35,7 +36,7 @@ void SearchingWindow::SetProgress(const std::string& text) {
   if (!isVisible()) show();
 }
 
-void SearchingWindow::HideWindow() {
+void SearchingWindow::Hide() {
   hide();
 }
 

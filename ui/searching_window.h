@@ -1,5 +1,6 @@
 // Searching: the progress window of a catalog scan. Its Cancel button only asks the scan to stop
 // (state.search.cancelRequested); the scan notices it at its next DoEvents, every 100 records.
+// While it is shown it is modal, so that nothing but Cancel can be clicked during a scan.
 #pragma once
 
 #include <QDialog>
@@ -7,18 +8,20 @@
 #include <QPushButton>
 #include <string>
 
+#include "catalog/search_ports.h"
 #include "core/shared_state.h"
 
 namespace astel::ui {
 
-class SearchingWindow : public QDialog {
+class SearchingWindow : public QDialog, public SearchWindow {
   Q_OBJECT
  public:
   SearchingWindow(SearchState& search, QWidget* parent);
 
-  void ShowCaption(const std::string& caption);
-  void SetProgress(const std::string& text);
-  void HideWindow();
+  // SearchWindow.
+  void Show(const std::string& caption) override;
+  void SetProgress(const std::string& text) override;
+  void Hide() override;
 
   QLabel* progressLabel() const { return label_; }
   QPushButton* cancelButton() const { return cancel_; }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "catalog/catalog_select.h"
+#include "catalog/transient_catalog.h"
+#include "tests/catalog/catalog_files.h"
 #include "tests/session/session_fixture.h"
 
 namespace astel {
@@ -169,6 +172,73 @@ TEST_F(DateTimeEntryTest, ShownObjectFollowsTheNewDate) {
   DateButtonClick(state, dialogs, logic);
   EXPECT_EQ(state.object.objectKind, 3);
   EXPECT_NE(logic.Display().rightAsc, moonRa);
+}
+
+// A transient catalog's position record for a GMT hour, named after that hour.
+std::string HourRecord(int year, int month, int day, int hour, double raHours) {
+  std::string line = testing::Rec("HOUR " + std::to_string(hour), raHours, 10.0, "7.5");
+  line.replace(78, 9, TransientTimeText(year, month, day, hour));
+  line[87] = 'T';
+  return line;
+}
+
+TEST_F(DateTimeEntryTest, BothChainsServeTheTransientPositionAndRestartTheSearch) {
+  // The computer's zone is GMT, so local hours are GMT hours.
+  std::string text = ComposeHeader("COMET", 2027, "test", 'T') + "\r\n";
+  for (const std::string& r : {HourRecord(2026, 11, 22, 21, 4.0), HourRecord(2026, 11, 22, 23, 4.5),
+                               HourRecord(2027, 3, 14, 21, 6.0)}) {
+    text += r + "\r\n";
+  }
+  testing::WriteFile(dir.path() + "/COMET.OBC", text);
+  ASSERT_TRUE(OpenCatalog(state, dir.path() + "/", "COMET.OBC"));
+  logic.Load();
+  ASSERT_EQ(state.object.Name1.substr(0, 7), "HOUR 21");
+  ASSERT_EQ(state.object.objRaHours, 4);
+
+  struct Row {
+    const char* legend;
+    bool dateChain;
+    std::vector<std::string> answers;
+    const char* name1;  // the record that serves the new moment
+    int raHours;
+  } rows[] = {
+      {"a date with a position: that day's record", true, {"3", "14", "2027"}, "HOUR 21", 6},
+      {"back to real time by Cancel on the month", true, {""}, "HOUR 21", 4},
+      {"a later hour of the same day", false, {"23", "10", "0"}, "HOUR 23", 4},
+  };
+  for (const Row& r : rows) {
+    SCOPED_TRACE(r.legend);
+    // A search left open with its matches saved: a new moment starts both afresh.
+    state.search.catalogOpen = true;
+    state.search.catalogOffset = 1234;
+    state.form.writeMatchCaption = "View Matches";
+    state.search.matchesFileComplete = true;
+    dialogs.answers.assign(r.answers.begin(), r.answers.end());
+    if (r.dateChain) {
+      DateButtonClick(state, dialogs, logic);
+    } else {
+      TimeButtonClick(state, dialogs, logic);
+    }
+    EXPECT_EQ(state.object.Name1.substr(0, 7), r.name1);
+    EXPECT_EQ(state.object.objRaHours, r.raHours);
+    EXPECT_FALSE(state.search.catalogOpen);
+    EXPECT_EQ(state.search.catalogOffset, 0);
+    EXPECT_EQ(state.form.writeMatchCaption, "Save Matches");
+    EXPECT_FALSE(state.search.matchesFileComplete);
+    EXPECT_TRUE(dialogs.messages.empty());
+  }
+
+  // A moment no record serves is said once; a body chosen from the list stays shown.
+  dialogs.answers = {"1", "1", "2030"};
+  DateButtonClick(state, dialogs, logic);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].rfind("The Transient Catalog COMET.OBC contains no positions", 0),
+            0u);
+  logic.SelectSolarSystemBody(3);
+  dialogs.answers = {"22", "0", "0"};
+  TimeButtonClick(state, dialogs, logic);
+  EXPECT_EQ(state.object.objectKind, 3);
+  EXPECT_EQ(state.object.Name1, "Moon");
 }
 
 }  // namespace

@@ -10,9 +10,9 @@ namespace {
 
 using PlaceEntryTest = testing::StartedProgram;
 
-PlaceForm Form(std::string latD, std::string latM, char ns, std::string lonD, std::string lonM,
-               char ew) {
-  PlaceForm f;
+LocationEntry Form(std::string latD, std::string latM, char ns, std::string lonD, std::string lonM,
+                   char ew) {
+  LocationEntry f;
   f.latitudeDegrees = std::move(latD);
   f.latitudeMinutes = std::move(latM);
   f.north = ns == 'N' || ns == '2';
@@ -24,43 +24,12 @@ PlaceForm Form(std::string latD, std::string latM, char ns, std::string lonD, st
   return f;
 }
 
-TEST(PlaceFormCheck, FirstFaultIsReported) {
-  struct Case {
-    const char* legend;
-    PlaceForm form;
-    const char* message;
-  } cases[] = {
-      {"a good place", Form("48", "7.5", 'N', "2", "20", 'E'), ""},
-      {"the limits themselves", Form("89", "59.999", 'S', "179", "0", 'W'), ""},
-      {"latitude 90", Form("90", "0", 'N', "2", "0", 'E'),
-       "Degrees of latitude must be between 0 and 89"},
-      {"negative latitude degrees", Form("-5", "0", 'N', "2", "0", 'E'),
-       "Degrees of latitude must be between 0 and 89"},
-      {"no latitude at all", Form("", "0", 'N', "2", "0", 'E'),
-       "Degrees of latitude must be between 0 and 89"},
-      {"fractional degrees", Form("48.5", "0", 'N', "2", "0", 'E'),
-       "Enter Whole Number of Degrees Only"},
-      {"latitude minutes 60", Form("48", "60", 'N', "2", "0", 'E'),
-       "Minutes of latitude must be between 0 and 59.999, decimals OK"},
-      {"no hemisphere", Form("48", "0", '-', "2", "0", 'E'), "Select 'North' or 'South'"},
-      {"both hemispheres", Form("48", "0", '2', "2", "0", 'E'), "Select 'North' or 'South'"},
-      {"longitude 180", Form("48", "0", 'N', "180", "0", 'E'),
-       "Degrees of longitude must be between 0 and 179"},
-      {"fractional longitude", Form("48", "0", 'N', "2.25", "0", 'E'),
-       "Enter Whole Number of Degrees Only"},
-      {"longitude minutes blank", Form("48", "0", 'N', "2", "x", 'E'),
-       "Minutes of longitude must be between 0 and 59.999, decimals OK"},
-      {"no side", Form("48", "0", 'N', "2", "0", '-'), "Select 'East' or 'West'"},
-  };
-  for (const Case& c : cases) {
-    EXPECT_EQ(CheckPlaceForm(c.form), c.message) << c.legend;
-  }
-}
-
+// The checks themselves are CheckLocationEntry's (tests/catalog/object_entry_test.cpp); here the
+// window's OK applies them and then sets the place.
 TEST_F(PlaceEntryTest, ApplyingAPlaceSetsRadiansDerivedFieldsAndDateOrder) {
   const double lstBefore = state.time.localSiderealTime;
   ASSERT_FALSE(state.program.configChanged);
-  ASSERT_TRUE(ApplyPlaceForm(state, dialogs, Form("40", "45.5", 'N', "73", "58.25", 'W')));
+  ASSERT_TRUE(ApplyLocationEntry(state, dialogs, Form("40", "45.5", 'N', "73", "58.25", 'W')));
   EXPECT_NEAR(state.place.homeLatitude * kDegreesPerRadianExact, 40 + 45.5 / 60, 1e-9);
   EXPECT_NEAR(state.place.homeLongitude * kDegreesPerRadianExact, 73 + 58.25 / 60, 1e-9);
   EXPECT_EQ(state.place.latitudeDegrees, 40);
@@ -75,7 +44,7 @@ TEST_F(PlaceEntryTest, ApplyingAPlaceSetsRadiansDerivedFieldsAndDateOrder) {
   EXPECT_TRUE(dialogs.messages.empty());
 
   // South of the equator by half a degree, east of Greenwich: the sign of -0 degrees survives.
-  ASSERT_TRUE(ApplyPlaceForm(state, dialogs, Form("0", "30", 'S', "0", "15", 'E')));
+  ASSERT_TRUE(ApplyLocationEntry(state, dialogs, Form("0", "30", 'S', "0", "15", 'E')));
   EXPECT_EQ(state.place.latitudeDegrees, 0);
   EXPECT_EQ(state.place.latitudeSign, -1);
   EXPECT_EQ(state.place.latitudeSignText, "-");
@@ -89,7 +58,7 @@ TEST_F(PlaceEntryTest, ApplyingAPlaceSetsRadiansDerivedFieldsAndDateOrder) {
             "15.0' E");
 
   // The form offered next time shows what was set.
-  const PlaceForm again = PlaceFormFromState(state.place);
+  const LocationEntry again = LocationEntryFromState(state.place);
   EXPECT_EQ(again.latitudeDegrees, "0");
   EXPECT_EQ(again.latitudeMinutes, "30.000");
   EXPECT_TRUE(again.south);
@@ -100,7 +69,7 @@ TEST_F(PlaceEntryTest, ApplyingAPlaceSetsRadiansDerivedFieldsAndDateOrder) {
 
 TEST_F(PlaceEntryTest, ARefusedFormChangesNothing) {
   const PlaceState before = state.place;
-  EXPECT_FALSE(ApplyPlaceForm(state, dialogs, Form("48", "61", 'N', "2", "0", 'E')));
+  EXPECT_FALSE(ApplyLocationEntry(state, dialogs, Form("48", "61", 'N', "2", "0", 'E')));
   EXPECT_EQ(dialogs.messages, std::vector<std::string>{
                                   "Minutes of latitude must be between 0 and 59.999, decimals OK"});
   EXPECT_EQ(state.place.homeLatitude, before.homeLatitude);

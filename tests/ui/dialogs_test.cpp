@@ -1,29 +1,28 @@
-// The dialogs: each opens with its controls, and their clicks reach the logic.
+// The dialogs without a device behind them: each opens with its controls, and their clicks reach
+// the logic. The telescope and GPS exchanges are in telescope_dialogs_test.cpp.
 #include <QApplication>
 #include <QCheckBox>
 #include <QFile>
 #include <QPushButton>
 #include <QtTest>
 
+#include "catalog/help_topics.h"
 #include "tests/ui/ui_test_program.h"
 #include "ui/catalog_select.h"
 #include "ui/data_entry.h"
 #include "ui/file_select.h"
 #include "ui/help_form.h"
-#include "ui/move_scope.h"
 #include "ui/palette.h"
-#include "ui/qt_ports.h"
-#include "ui/scope_form.h"
 #include "ui/searching_window.h"
 
 namespace astel::uitest {
 
 namespace {
 
-void Touch(const std::string& path) {
+void Write(const std::string& path, const std::string& text) {
   QFile f(QString::fromStdString(path));
   f.open(QIODevice::WriteOnly);
-  f.write("x\n");
+  f.write(text.data(), static_cast<qint64>(text.size()));
 }
 
 }  // namespace
@@ -32,62 +31,26 @@ class DialogsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void cancelStopsALongScan() {
+  void searchingWindowShowsTheScanAndCancels() {
     TestProgram p;
     ui::SearchingWindow window(p.state.search, nullptr);
-    window.ShowCaption("Searching for M  in Catalog FULL.OBC");
+    SearchWindow& port = window;
+    port.Show("Searching for M  in Catalog FULL.OBC");
+    QVERIFY(window.isVisible());
+    QVERIFY(window.isModal());
+    QCOMPARE(window.progressLabel()->text(), QString("Searching for M  in Catalog FULL.OBC"));
+    port.SetProgress("Searching for M  in Catalog FULL.OBC    300");
+    QCOMPARE(window.progressLabel()->text(),
+             QString("Searching for M  in Catalog FULL.OBC    300"));
     QCOMPARE(window.cancelButton()->text(), QString("Cancel"));
-    ui::QtEvents events;
-    // The user clicks Cancel while the scan runs; the scan only sees it at its DoEvents.
-    QTimer::singleShot(0, window.cancelButton(), &QPushButton::click);
-    constexpr int kRecords = 1000000, kDoEventsEvery = 100;
-    int read = 0;
-    for (; read < kRecords && !p.state.search.cancelRequested; ++read) {
-      if (read % kDoEventsEvery == 0) {
-        window.SetProgress("Searching ... " + std::to_string(read));
-        events.DoEvents();
-      }
-    }
+    QTest::mouseClick(window.cancelButton(), Qt::LeftButton);
     QVERIFY(p.state.search.cancelRequested);
-    QVERIFY2(read <= 2 * kDoEventsEvery, qPrintable(QString::number(read)));
-    QVERIFY(window.progressLabel()->text().startsWith("Searching ... "));
-  }
-
-  void motorButtonsActOnPressAndRelease() {
-    TestProgram p;
-    ui::MoveScopeDialog window(p.context, nullptr);
-    std::vector<std::string> calls;
-    window.onPress = [&](ui::MoveScopeDialog::Direction d, int button) {
-      calls.push_back("down " + std::to_string(d) + " " + std::to_string(button));
-    };
-    window.onRelease = [&](ui::MoveScopeDialog::Direction d, int button) {
-      calls.push_back("up " + std::to_string(d) + " " + std::to_string(button));
-    };
-    window.show();
-    QPushButton* up = window.button(ui::MoveScopeDialog::kUp);
-    QCOMPARE(up->toolTip(), QString("Moves scope Higher in Altitude"));
-    QCOMPARE(window.button(ui::MoveScopeDialog::kRight)->toolTip(),
-             QString("Movers Scope towards Lesser Azimuth"));
-    QTest::mousePress(up, Qt::LeftButton);
-    QCOMPARE(calls, (std::vector<std::string>{"down 0 1"}));
-    QTest::mouseRelease(up, Qt::LeftButton);
-    QTest::mousePress(window.button(ui::MoveScopeDialog::kLeft), Qt::LeftButton);
-    QTest::mouseRelease(window.button(ui::MoveScopeDialog::kLeft), Qt::LeftButton);
-    QCOMPARE(calls, (std::vector<std::string>{"down 0 1", "up 0 1", "down 2 1", "up 2 1"}));
-
-    QCOMPARE(window.rates()->count(), 9);
-    QCOMPARE(window.rates()->item(0)->text(), QString("1"));
-    QCOMPARE(window.remoteMouse()->toolTip(),
-             QString("Enables Mouse to be used for scope motion, at the eyepiece."));
-    // With the remote mouse on, the free area of the window drives the telescope.
-    std::vector<int> formPresses;
-    window.onFormMouseDown = [&](int button) { formPresses.push_back(button); };
-    QTest::mouseClick(&window, Qt::MiddleButton, {}, QPoint(2, 2));
-    QVERIFY(formPresses.empty());
-    window.remoteMouse()->setChecked(true);
-    QTest::mouseClick(&window, Qt::MiddleButton, {}, QPoint(2, 2));
-    QTest::mouseClick(&window, Qt::RightButton, {}, QPoint(2, 2));
-    QCOMPARE(formPresses, (std::vector<int>{4, 2}));
+    p.state.search.cancelRequested = false;
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QVERIFY(p.state.search.cancelRequested);
+    QVERIFY2(window.isVisible(), "only the scan hides the window, when it has stopped");
+    port.Hide();
+    QVERIFY(!window.isVisible());
   }
 
   void fileSelectLoadsAHomeFile() {
@@ -141,89 +104,99 @@ class DialogsTest : public QObject {
     QVERIFY(p.state.program.configChanged);
   }
 
-  void objectModeHasItsOptionsAndNames() {
+  void objectEntryShowsTheObject() {
     TestProgram p;
     ui::DataEntryDialog window(p.context, ui::DataEntryDialog::Mode::kObject, nullptr);
-    int option = -1;
-    std::string first, second;
-    window.objectOk = [&](int o, const std::string& n1, const std::string& n2) {
-      option = o;
-      first = n1;
-      second = n2;
-      return true;
-    };
-    window.option(2)->setChecked(true);
+    window.okButton()->click();
+    QCOMPARE(p.dialogs.messages.back(),
+             std::string("Choose one of the Options for getting Object Data"));
+
+    // Coordinates: right ascension, declination, epoch, three more names, the magnitude.
+    window.option(1)->setChecked(true);
     window.text1()->setText("MyComet");
     window.text2()->setText("C/2026 A1");
+    p.dialogs.answers = {"5", "34.5", "22", "1", "2000", "", "", "", "8.5"};
     window.okButton()->click();
-    QCOMPARE(option, 2);
-    QCOMPARE(first, std::string("MyComet"));
-    QCOMPARE(second, std::string("C/2026 A1"));
     QCOMPARE(window.result(), int(QDialog::Accepted));
+    QCOMPARE(p.state.object.Name1.substr(0, 7), std::string("MyComet"));
+    QCOMPARE(p.state.object.Name2.substr(0, 9), std::string("C/2026 A1"));
+    QCOMPARE(p.state.object.objRaHours, 5);
+    QCOMPARE(p.state.search.foundState, 1);
+
+    // From the telescope: a family without a read-back says so and the window stays open.
+    ui::DataEntryDialog again(p.context, ui::DataEntryDialog::Mode::kObject, nullptr);
+    QCOMPARE(again.statusLabel()->objectName(), QString("Label3"));
+    p.state.telescope.scopeType = 2;
+    again.option(3)->setChecked(true);
+    again.text1()->setText("Scope");
+    again.okButton()->click();
+    QCOMPARE(p.dialogs.messages.back(), std::string("Function not Available"));
+    QVERIFY(again.result() != QDialog::Accepted);
   }
 
-  void scopeFormListsTelescopesAndPorts() {
+  void catalogSelectOpensChoosesAndCreates() {
     TestProgram p;
-    p.state.telescope.scopeCode = 406;
-    p.state.telescope.comPort = 3;
-    ui::ScopeFormDialog window(p.context, nullptr);
-    QCOMPARE(window.telescopes()->count(), 12);
-    QCOMPARE(window.telescopes()->currentItem()->text(),
-             QString("4 - Meade LX-200, LX-90 and compatibles"));
-    QCOMPARE(window.ports()->count(), 8);
-    QCOMPARE(window.ports()->item(7)->text(), QString("Com8"));
-    QCOMPARE(window.ports()->currentRow(), 2);
-    QCOMPARE(window.uploadButton()->text(), QString("Upload"));
-    std::string okRow;
-    window.onOk = [&](const std::string& row) {
-      okRow = row;
-      return false;
-    };
-    window.okButton()->click();
-    QCOMPARE(okRow, std::string("4 - Meade LX-200, LX-90 and compatibles"));
-    window.setStatus("Waiting for Scope Response to Latitude.");
-    QCOMPARE(window.statusLabel()->text(), QString("Waiting for Scope Response to Latitude."));
-  }
-
-  void catalogSelectListsCatalogsOnly() {
-    TestProgram p;
-    Touch(p.dir.path() + "/MINE.OBC");
-    Touch(p.dir.path() + "/other.obc");
-    Touch(p.dir.path() + "/notes.txt");
-    ui::CatalogSelectDialog window(p.context, nullptr);
-    QStringList names;
-    for (int i = 0; i < window.files()->count(); ++i)
-      names << window.files()->item(i)->text();
-    QCOMPARE(names, (QStringList{"MINE.OBC", "other.obc"}));
-    QCOMPARE(window.defaultCatalogButton()->text(), QString("Default Catalog"));
-    std::string chosen;
-    window.onFileChosen = [&](const std::string& dir, const std::string& name) {
-      chosen = dir + name;
-      return true;
-    };
-    QTest::mouseClick(window.files()->viewport(), Qt::LeftButton, {},
-                      window.files()->visualItemRect(window.files()->item(0)).center());
-    QCOMPARE(QString::fromStdString(chosen),
-             QDir(QString::fromStdString(p.dir.path())).canonicalPath() + "/MINE.OBC");
+    Write(p.Folder() + "MINE.OBC", "MINE    2000 my objects\r\n");
+    Write(p.Folder() + "other.obc", "OTHER   2000\r\n");
+    Write(p.Folder() + "notes.txt", "x\n");
+    {
+      ui::CatalogSelectDialog window(p.context, nullptr);
+      QStringList names;
+      for (int i = 0; i < window.files()->count(); ++i)
+        names << window.files()->item(i)->text();
+      QCOMPARE(names, (QStringList{"MINE.OBC", "other.obc"}));
+      QCOMPARE(window.defaultCatalogButton()->text(), QString("Default Catalog"));
+      QVERIFY2(!window.defaultCatalogButton()->isEnabled(), "the default catalog is current");
+      ClickRow(window.files(), 0);
+      QCOMPARE(window.result(), int(QDialog::Accepted));
+      QCOMPARE(p.state.files.catalogFileName, std::string("MINE.OBC"));
+      QVERIFY(p.state.form.catalogPath.find("MINE.OBC") != std::string::npos);
+    }
+    {
+      ui::CatalogSelectDialog window(p.context, nullptr);
+      QVERIFY(window.defaultCatalogButton()->isEnabled());
+      QCOMPARE(window.defaultCatalogButton()->toolTip(),
+               QString("Click to return to default catalog 'full.obc'"));
+      p.dialogs.answers = {"mystars", "2010"};
+      QTest::mouseClick(window.newCatalogButton(), Qt::LeftButton);
+      QCOMPARE(window.result(), int(QDialog::Accepted));
+      QCOMPARE(p.state.files.catalogFileName, std::string("mystars.OBC"));
+      QVERIFY(QFile::exists(QString::fromStdString(p.Folder() + "mystars.OBC")));
+    }
+    {
+      // The default catalog is not in this folder: said, and the window stays.
+      ui::CatalogSelectDialog window(p.context, nullptr);
+      QTest::mouseClick(window.defaultCatalogButton(), Qt::LeftButton);
+      QCOMPARE(p.dialogs.messages.back(), std::string("Cannot Open Catalog FULL.OBC"));
+      QVERIFY(window.result() != QDialog::Accepted);
+    }
   }
 
   void helpFormShowsTopicsAndOpensPages() {
     TestProgram p;
-    Touch(p.dir.path() + "/ASTEL.HTM");
-    Touch(p.dir.path() + "/GPS.HTML");
-    Touch(p.dir.path() + "/readme.txt");
-    ui::HelpFormDialog window(p.context, {{"Altitude", "How high."}, {"Azimuth", "Which way."}},
-                              p.state.files.installDir + "ASTEL.HTM", nullptr);
+    Write(p.Folder() + "ASTEL.HTM", "x");
+    Write(p.Folder() + "GPS.HTML", "x");
+    Write(p.Folder() + "readme.txt", "x");
+    ui::HelpFormDialog window(p.context, nullptr);
     window.show();
-    QCOMPARE(window.topics()->count(), 2);
-    window.topics()->setCurrentRow(1);
-    QCOMPARE(window.text()->toPlainText(), QString("Which way."));
+    const auto topics = HelpTopics();
+    QCOMPARE(window.topics()->count(), 53);
+    QCOMPARE(window.topics()->count(), static_cast<int>(topics.size()));
+    for (int i = 0; i < window.topics()->count(); ++i) {
+      QCOMPARE(window.topics()->item(i)->text(), QString::fromLatin1(topics[i].title));
+    }
+    const int transient = RowOf(window.topics(), "Transient Catalog");
+    QVERIFY(transient >= 0);
+    ClickRow(window.topics(), transient);
+    QCOMPARE(window.text()->toPlainText(),
+             QString::fromLatin1(HelpText("Transient Catalog").c_str()));
+    QVERIFY(window.text()->toPlainText().startsWith("Transient Catalogs contain hourly"));
+
     QCOMPARE(window.pages()->count(), 2);
-    QTest::mouseClick(window.pages()->viewport(), Qt::LeftButton, {},
-                      window.pages()->visualItemRect(window.pages()->item(1)).center());
-    QCOMPARE(p.shell.opened.back(), p.state.files.installDir + "GPS.HTML");
+    ClickRow(window.pages(), 1);
+    QCOMPARE(p.shell.opened.back(), p.Folder() + "GPS.HTML");
     QTest::mouseClick(window.documentationLink(), Qt::LeftButton);
-    QCOMPARE(p.shell.opened.back(), p.state.files.installDir + "ASTEL.HTM");
+    QCOMPARE(p.shell.opened.back(), DocumentationAddress(p.state));
   }
 
   void nightPaletteUsesTheDesignedColours() {

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include "tests/ui/ui_test_program.h"
+#include "ui/file_select.h"
 #include "ui/form1.h"
 #include "ui/palette.h"
 
@@ -152,12 +153,16 @@ class Form1Test : public QObject {
   void dateButtonRunsTheDateChain() {
     TestProgram p;
     ui::Form1 form(p.context);
+    p.state.form.writeMatchCaption = "View Matches";  // a finished search's list
+    p.state.search.catalogOpen = true;
     p.dialogs.answers = {"2", "29", "2003", "2004"};
     QTest::mouseClick(Find<QPushButton>(form, "DateButton"), Qt::LeftButton);
     QCOMPARE(p.dialogs.prompts.back(), std::string("Must be valid leap year, 1980-2199"));
     QCOMPARE(Text(form, "Date"), QString("29-02-2004"));
     QVERIFY(form.timer1()->isActive());
     QVERIFY(!p.state.time.realTimeMode);
+    QCOMPARE(Find<QPushButton>(form, "WriteMatchButton")->text(), QString("Save Matches"));
+    QVERIFY(!p.state.search.catalogOpen);
 
     QTest::mouseClick(Find<QPushButton>(form, "RealTime"), Qt::LeftButton);
     QCOMPARE(Text(form, "Date"), QString("22-11-2026"));
@@ -237,6 +242,7 @@ class Form1Test : public QObject {
   void closingOffersToSaveAndPutsTheColoursBack() {
     TestProgram p;
     ui::Form1 form(p.context);
+    ui::FileSelectDialog gpsWindow(p.context, nullptr);  // a load could be waiting in it
     const QPalette before = QApplication::palette();
     form.ToggleNightVision();
     QVERIFY(!(QApplication::palette() == before));
@@ -247,6 +253,11 @@ class Form1Test : public QObject {
     QCOMPARE(p.dialogs.prompts.back(),
              std::string("Do you want to save current configuration changes?"));
     QVERIFY(QApplication::palette() == before);
+    // Whatever waits is told to stop: a script's WAIT or SLEEP, a scan, a telescope exchange.
+    QVERIFY(p.state.script.stopRequested);
+    QVERIFY(p.state.search.cancelRequested);
+    QVERIFY(gpsWindow.monitor().cancelRequested);
+    QVERIFY(!form.timer1()->isActive());
   }
 };
 

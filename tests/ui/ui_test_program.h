@@ -1,14 +1,21 @@
 // A started program for the window tests: a home file in a fresh folder, a clock that stands
-// still, and ports that record what the windows asked of them instead of opening boxes.
+// still, and ports that record what the windows asked of them instead of opening boxes. The serial
+// ports are real: COM1 is `devicePath` (a simulated telescope's pseudo-terminal when a test sets
+// one), every other port a device that does not exist.
 #pragma once
 
+#include <QElapsedTimer>
+#include <QListWidget>
 #include <QtTest>
 #include <deque>
+#include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "core/home_file.h"
 #include "core/location.h"
+#include "scope/comm_io.h"
 #include "session/startup.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/temp_dir.h"
@@ -16,15 +23,20 @@
 
 namespace astel::uitest {
 
-// Answers input boxes from a list (Cancel when it runs out) and records everything shown.
+// Answers input boxes and questions from lists (Cancel and No when they run out) and records
+// everything shown. `onShow` runs as each box appears: the place where a test plays the user.
 class RecordingDialogs : public Dialogs {
  public:
   std::deque<std::string> answers;
-  std::vector<std::string> prompts, titles, messages;
+  std::deque<bool> choices;
+  std::vector<std::string> prompts, titles, messages, questions;
+  std::function<void(const std::string&)> onShow;
+
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string&) override {
     prompts.push_back(prompt);
     titles.push_back(title);
+    Shown(prompt);
     if (answers.empty()) return "";
     std::string a = answers.front();
     answers.pop_front();
@@ -32,9 +44,23 @@ class RecordingDialogs : public Dialogs {
   }
   void MessageBox(const std::string& text, const std::string&) override {
     messages.push_back(text);
+    Shown(text);
   }
-  bool YesNo(const std::string&, const std::string&) override { return false; }
-  bool OkCancel(const std::string&, const std::string&) override { return false; }
+  bool YesNo(const std::string& text, const std::string&) override { return Choose(text); }
+  bool OkCancel(const std::string& text, const std::string&) override { return Choose(text); }
+
+ private:
+  void Shown(const std::string& text) {
+    if (onShow) onShow(text);
+  }
+  bool Choose(const std::string& text) {
+    questions.push_back(text);
+    Shown(text);
+    if (choices.empty()) return false;
+    const bool yes = choices.front();
+    choices.pop_front();
+    return yes;
+  }
 };
 
 class RecordingShell : public Shell {
@@ -56,10 +82,18 @@ class RecordingClipboard : public Clipboard {
   void SetText(const std::string& text) override { texts.push_back(text); }
 };
 
+// Window events run at every pass; a pause really lasts (a simulated telescope answers in real
+// time) while the events keep running.
 class QueueEvents : public Events {
  public:
   void DoEvents() override { QCoreApplication::processEvents(); }
-  void Sleep(int) override { QCoreApplication::processEvents(); }
+  void Sleep(int milliseconds) override {
+    QElapsedTimer t;
+    t.start();
+    do {
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    } while (t.elapsed() < milliseconds);
+  }
 };
 
 class NoWindows : public Windows {
@@ -68,16 +102,18 @@ class NoWindows : public Windows {
 };
 
 struct TestProgram {
-  TestProgram() {
+  explicit TestProgram(const std::string& script = "") {
     HomeFileRecord r;
     r.homeLatitude = (51 + 28.6 / 60) / kDegreesPerRadianExact;
     r.scopeCode = 10000;
     r.firstStartDate = 2461000.5;
     SaveHomeFile(dir.path() + "/ASTEL.HOM", r);
     clock.now = {2026, 11, 22, 21, 30, 5};
-    StartupInputs in{dir.path(), "", "", "", ""};
+    StartupInputs in{dir.path(), "", script, "", ""};
     started = Startup(state, in, dialogs, clock, windows) == kExitSuccess;
   }
+
+  std::string Folder() const { return dir.path() + "/"; }
 
   testing::TempDir dir;
   testing::FakeClock clock;
@@ -88,7 +124,23 @@ struct TestProgram {
   NoWindows windows;
   SharedState state;
   bool started = false;
-  ui::GuiContext context{state, dialogs, clock, events, shell, clipboard, windows, "", ""};
+  std::string devicePath = "/nonexistent/ttyASTEL";
+  std::ostringstream diagnostics;
+  CommPorts comm{events, diagnostics, [this](int n) {
+                   return n == 1 ? devicePath : "/nonexistent/ttyASTEL" + std::to_string(n);
+                 }};
+  ui::GuiContext context{state,   dialogs, clock, events, shell, clipboard,
+                         windows, comm,    "",    "",     {}};
 };
+
+// A click on a list's row, and the row that shows a text (-1 when none does).
+inline void ClickRow(QListWidget* list, int row) {
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                    list->visualItemRect(list->item(row)).center());
+}
+inline int RowOf(QListWidget* list, const QString& text) {
+  const auto found = list->findItems(text, Qt::MatchExactly);
+  return found.isEmpty() ? -1 : list->row(found.front());
+}
 
 }  // namespace astel::uitest
