@@ -17,8 +17,8 @@ bool BestOfTheSky(SharedState& state, CatalogPorts& ports) {
 }
 
 bool BestOfSkyAvailable(const std::string& catalogFileName) {
-  const std::string upper = ToUpperLatin1(catalogFileName);
-  return upper.substr(0, upper.find('.')) == "FULL";
+  // The main window tests the first four characters, in their case, on every tick.
+  return catalogFileName.rfind("FULL", 0) == 0;
 }
 
 }  // namespace astel

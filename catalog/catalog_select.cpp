@@ -45,15 +45,6 @@ bool OpenCatalog(SharedState& state, const std::string& directory, const std::st
     form.simpleSearchCaption = "Simple Search";
   }
   form.catalogPath = "Catalog = " + path;
-  form.catalogLabel = CatalogLabel(fileName);
-  form.bestOfEnabled = BestOfSkyAvailable(fileName);
-  if (form.bestOfEnabled) {
-    form.bestOfToolTip =
-        "Click to have ASTEL suggest the best objects to view right now in a small telescope";
-  } else {
-    form.bestOfToolTip = "This button is only valid when the default FULL catalog is used ";
-    form.nextMatchCaption = "Next Match";
-  }
   return true;
 }
 

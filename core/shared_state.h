@@ -182,11 +182,7 @@ struct MainWindowControls {
   bool searchButtonsEnabled = true;
   bool commandButtonsEnabled = true;  // off while the motors run
   bool timer1Enabled = false;
-  int list1Index = -1;        // selected Solar System body, -1 none
-  std::string catalogLabel;   // the catalog's file name, lower-cased, at most 22 characters
-  bool bestOfEnabled = true;  // BestOf, only for the default FULL catalog
-  std::string bestOfToolTip =
-      "Click to have ASTEL suggest the best objects to view right now in a small telescope";
+  int list1Index = -1;  // selected Solar System body, -1 none
 };
 
 struct ProgramState {

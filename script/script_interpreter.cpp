@@ -145,6 +145,7 @@ std::string Wait(ScriptContext& c, const Command& cmd) {
     remaining = SecondsUntil(*parsed.time, waitDay, now);
     if (waitDay == 0 && remaining > total) remaining = 0;  // the time went past it
   }
+  c.state.script.waitDay = 0;  // DATE names the day of the next WAIT only
   c.state.form.timer1Enabled = true;
   return error;
 }

@@ -4,6 +4,7 @@
 #include "astro/rise_transit_set.h"
 #include "astro/solar_system.h"
 #include "astro/time_scales.h"
+#include "catalog/best_of_sky.h"
 #include "catalog/catalog_select.h"
 #include "catalog/transient_catalog.h"
 #include "session/display_format.h"
@@ -34,7 +35,7 @@ void MainWindowLogic::Load() {
     ComputeAltAz(s);
     if (!s.time.riseSetCurrent) UpdateRiseTransitSet(s);
   }
-  if (s.files.catalogFileName.rfind("FULL", 0) != 0) s.form.nextMatchCaption = "Next Match";
+  if (!BestOfSkyAvailable(s.files.catalogFileName)) s.form.nextMatchCaption = "Next Match";
   s.form.timer1Enabled = true;
   FillDisplay();
 }
@@ -87,7 +88,7 @@ void MainWindowLogic::FillDisplay() {
   d.writeMatchCaption = s.form.writeMatchCaption;
   d.writeMatchToolTip = s.form.writeMatchToolTip;
   d.searchButtonsEnabled = s.form.searchButtonsEnabled;
-  d.bestOfEnabled = s.files.catalogFileName.rfind("FULL", 0) == 0;
+  d.bestOfEnabled = BestOfSkyAvailable(s.files.catalogFileName);
   d.bestOfToolTip = d.bestOfEnabled ? kBestOfToolTip : kBestOfDisabledToolTip;
 
   const ObjectState& o = s.object;

@@ -1,6 +1,7 @@
 #include "session/startup.h"
 
 #include "astro/time_scales.h"
+#include "catalog/catalog_select.h"
 #include "core/command_line.h"
 #include "core/install_dir.h"
 #include "core/night_vision.h"
@@ -26,6 +27,10 @@ int Startup(SharedState& s, const StartupInputs& in, Dialogs& dialogs, Clock& cl
     s.time.firstStartDate = s.time.julianDate;
     WriteHomeFile(s, dialogs);
   }
+
+  // The default catalog's header sets the captions and search buttons; a missing catalog is
+  // reported when a search needs it.
+  OpenCatalog(s, s.files.catalogDirectory, s.files.catalogFileName);
 
   const bool skyChartFound = ProbeSkyChart(in.pathVariable, s.files);
   s.form.generalHint = ChooseHint(skyChartFound, s.telescope);

@@ -20,7 +20,7 @@ TEST_F(CatalogSelectTest, OpeningSetsTheMainWindowTexts) {
   state.search.catalogOpen = true;
   ASSERT_TRUE(OpenCatalog(state, Dir(dir), "Messier_And_Caldwell_Objects.obc"));
   EXPECT_EQ(state.form.catalogPath, "Catalog = " + File(dir, "Messier_And_Caldwell_Objects.obc"));
-  EXPECT_EQ(state.form.catalogLabel, "messier_and_caldwell_o");
+  EXPECT_EQ(CatalogLabel("Messier_And_Caldwell_Objects.obc"), "messier_and_caldwell_o");
   EXPECT_EQ(state.form.catalogNote, kLongNameCaption);
   EXPECT_TRUE(state.form.searchButtonsEnabled);
   EXPECT_EQ(state.form.simpleSearchCaption, "Simple Search");

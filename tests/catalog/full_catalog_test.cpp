@@ -93,7 +93,7 @@ TEST_F(FullCatalogTest, M3FindsOnlyNamesBeginningWithM3) {
 }
 
 TEST_F(FullCatalogTest, BestOfTheSkyTonight) {
-  ASSERT_TRUE(state.form.bestOfEnabled);
+  ASSERT_TRUE(BestOfSkyAvailable(state.files.catalogFileName));
   ASSERT_TRUE(BestOfTheSky(state, rig.ports));
   int suggestions = 0;
   bool secondPassSeen = false;

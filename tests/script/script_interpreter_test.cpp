@@ -127,6 +127,7 @@ TEST_F(ScriptCommands, WaitAndSleepBlockWithTheTimerOff) {
   ASSERT_EQ(Run("WAIT=00:05"), kCommandRunning);
   EXPECT_EQ(clock.now.day, 24);
   EXPECT_EQ(clock.now.minute, 5);
+  EXPECT_EQ(state.script.waitDay, 0) << "DATE served that WAIT only";
 
   const long before = events.sleptMs;
   ASSERT_EQ(Run("SLEEP=1.5"), kCommandRunning);
