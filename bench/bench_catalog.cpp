@@ -11,13 +11,13 @@
 #include <string>
 
 #include "astro/time_scales.h"
+#include "bench/quiet_ports.h"
 #include "catalog/catalog_reader.h"
 #include "catalog/catalog_record.h"
 #include "catalog/catalog_select.h"
 #include "catalog/matches_file.h"
 #include "catalog/search.h"
 #include "core/location.h"
-#include "bench/quiet_ports.h"
 #include "core/text_format.h"
 
 namespace astel {

@@ -4,8 +4,8 @@
 #include <benchmark/benchmark.h>
 
 #include "astro/solar_system.h"
-#include "bench/quiet_ports.h"
 #include "astro/time_scales.h"
+#include "bench/quiet_ports.h"
 #include "core/location.h"
 #include "session/main_window.h"
 
@@ -26,7 +26,6 @@ class SteppingClock : public astel::Clock {
   bool SetSystemTime(const astel::UtcDateTime&) override { return false; }
   astel::LocalDateTime now{2026, 11, 22, 21, 0, 0};
 };
-
 
 void SetUpState(astel::SharedState& state, int body) {
   astel::FillDateTables(state.time);

@@ -46,7 +46,9 @@ class ProgramTest : public ::testing::Test {
     ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
   }
 
-  void WriteCatalog() { testing::WriteTestCatalog(dir.path() + "/TEST.OBC"); }
+  void WriteCatalog() {
+    testing::WriteTestCatalog(dir.path() + "/TEST.OBC");
+  }
 
   // A simulated mount of the given family behind COM1.
   testing::ScopeSimulator& Telescope(int scopeType, int scopeCode) {
@@ -57,7 +59,9 @@ class ProgramTest : public ::testing::Test {
     return *sim;
   }
 
-  std::vector<std::string> LogLines() { return Lines(ReadFile(dir.path() + "/ASTELLOG.TXT")); }
+  std::vector<std::string> LogLines() {
+    return Lines(ReadFile(dir.path() + "/ASTELLOG.TXT"));
+  }
 
   testing::TempDir dir;
   testing::ProgramRun run;

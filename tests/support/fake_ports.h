@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "core/ports.h"
+#include "scope/timer_port.h"
 #include "tests/support/fake_clock.h"
 #include "tests/support/scripted_dialogs.h"
-#include "scope/timer_port.h"
 
 namespace astel::testing {
 

@@ -28,7 +28,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<bool> choices;         // yes/no and OK/Cancel questions, in order
   // Input-box prompts with their titles and defaults, messages, and questions, in order.
   std::vector<std::string> prompts, titles, defaults, messages, questions;
-  std::vector<Shown> shown;  // everything, in order
+  std::vector<Shown> shown;                  // everything, in order
   std::function<void(const Shown&)> onShow;  // runs as each box appears: the test plays the user
 
   void QueueInput(std::string answer) { answers.push_back(std::move(answer)); }
