@@ -33,7 +33,7 @@ class ProgramTest : public ::testing::Test {
     run.home = dir.path();
     run.fakeTime = kFrozenNow;
     WriteHome(10000);
-    WriteCatalog();
+    testing::WriteTestCatalog(dir.path() + "/TEST.OBC");
   }
 
   void WriteHome(int scopeCode) {
@@ -44,10 +44,6 @@ class ProgramTest : public ::testing::Test {
     home.comPort = 1;
     home.firstStartDate = 2461000.5;
     ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
-  }
-
-  void WriteCatalog() {
-    testing::WriteTestCatalog(dir.path() + "/TEST.OBC");
   }
 
   // A simulated mount of the given family behind COM1.
@@ -160,35 +156,29 @@ TEST_P(MalformedScript, EndsWithItsMessageAndExitCodeTwo) {
 INSTANTIATE_TEST_SUITE_P(
     EveryForm, MalformedScript,
     ::testing::Values(
-        Malformed{"empty piece", "PLANET=3;;PLANET=4",
+        Malformed{"EmptyPiece", "PLANET=3;;PLANET=4",
                   "Command2:  Error: No 'equal sign' in command"},
-        Malformed{"no equal sign", "FIND M31",
+        Malformed{"NoEqualSign", "FIND M31",
                   "Command1: FIND M31 Error: No 'equal sign' in command"},
-        Malformed{"unknown keyword", "FOO=1", "Command1: FOO=1 Error: Command not Recognized"},
-        Malformed{"day 32", "DATE=32", "Command1: DATE=32 Error: Invalid date"},
-        Malformed{"altitude 0", "MINALT=0", "Command1: MINALT=0 Error: Invalid Minimum Altitude"},
-        Malformed{"magnitude 90", "MINMAG=90",
+        Malformed{"UnknownKeyword", "FOO=1", "Command1: FOO=1 Error: Command not Recognized"},
+        Malformed{"Day32", "DATE=32", "Command1: DATE=32 Error: Invalid date"},
+        Malformed{"Altitude0", "MINALT=0", "Command1: MINALT=0 Error: Invalid Minimum Altitude"},
+        Malformed{"Magnitude90", "MINMAG=90",
                   "Command1: MINMAG=90 Error: Invalid Minimum Magnitude"},
-        Malformed{"a day of sleep", "SLEEP=86400", "Command1: SLEEP=86400 Error: Invalid Interval"},
-        Malformed{"wait hour", "WAIT=25:00",
+        Malformed{"ADayOfSleep", "SLEEP=86400", "Command1: SLEEP=86400 Error: Invalid Interval"},
+        Malformed{"WaitHour25", "WAIT=25:00",
                   "Command1: WAIT=25:00 Error: Invalid time format: invalid hour"},
-        Malformed{"exit without colon", "EXIT=2100",
+        Malformed{"ExitWithoutColon", "EXIT=2100",
                   "Command1: EXIT=2100 Error: Invalid time format - no ':'"},
-        Malformed{"command past the end", "COMMAND=2",
+        Malformed{"CommandPastTheEnd", "COMMAND=2",
                   "Command1: COMMAND=2 Error: Invalid Command Number"},
-        Malformed{"no such catalog", "CAT=NONE.OBC",
+        Malformed{"NoSuchCatalog", "CAT=NONE.OBC",
                   "Command1: CAT=NONE.OBC Error: Cannot Open Catalog NONE.OBC"},
-        Malformed{"no declination", "RA=05H34.5M",
+        Malformed{"NoDeclination", "RA=05H34.5M",
                   "Command1: RA=05H34.5M Error: 'dec=' not specified"},
-        Malformed{"no telescope", "PLANET=3;GOTO=1",
+        Malformed{"NoTelescope", "PLANET=3;GOTO=1",
                   "Command2: GOTO=1 Error: Invalid telescope selection for automation"}),
-    [](const auto& info) {
-      std::string name = info.param.legend;
-      for (char& c : name) {
-        if (!std::isalnum(static_cast<unsigned char>(c))) c = '_';
-      }
-      return name;
-    });
+    [](const auto& info) { return std::string(info.param.legend); });
 
 TEST_F(ProgramTest, TooManyCommandsNeverStart) {
   std::string script = "PLANET=3";
@@ -205,9 +195,7 @@ TEST_F(ProgramTest, ExitTimeJumpsAndShell) {
   EXPECT_EQ(r.exitCode, 0) << r.errors;
   std::vector<std::string> log = LogLines();
   EXPECT_EQ(log.back(), "Exit time detected");
-  EXPECT_EQ(std::count_if(log.begin(), log.end(),
-                          [](const std::string& l) { return l.rfind("Command3", 0) == 0; }),
-            0);
+  EXPECT_EQ(ReadFile(dir.path() + "/ASTELLOG.TXT").find("Command3"), std::string::npos);
 
   const std::string marker = dir.path() + "/marker";
   r = run.Run({"PLANET=3;COMMAND=4;FOO=1;SHELL=/usr/bin/touch " + marker});

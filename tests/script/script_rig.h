@@ -8,14 +8,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "core/home_file.h"
-#include "core/location.h"
 #include "script/script_interpreter.h"
-#include "session/main_window.h"
-#include "session/startup.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/scripted_dialogs.h"
-#include "tests/support/temp_dir.h"
+#include "tests/session/session_fixture.h"
 #include "tests/support/test_catalog.h"
 
 namespace astel::testing {
@@ -51,20 +45,6 @@ class ClockEvents : public Events {
   int carryMs_ = 0;
 };
 
-class RecordingShell : public Shell {
- public:
-  bool OpenDocument(const std::string& path, const std::string&) override {
-    opened.push_back(path);
-    return works;
-  }
-  bool StartProgram(const std::string& program, const std::string& parameters) override {
-    started.push_back(program + "|" + parameters);
-    return works;
-  }
-  std::vector<std::string> opened, started;
-  bool works = true;
-};
-
 class NoSearchWindow : public SearchWindow {
  public:
   void Show(const std::string&) override {}
@@ -72,25 +52,17 @@ class NoSearchWindow : public SearchWindow {
   void Hide() override {}
 };
 
-class ScriptRig : public ::testing::Test {
+class ScriptRig : public StartedProgram {
  protected:
-  // A place in the north of England, the clock in late November at 21:00.
-  void Start(const std::string& script, int scopeCode = 10000) {
-    HomeFileRecord home;
+  // A place in the north of England with a telescope port, the clock in late November at 21:00;
+  // each test starts the program with its script.
+  void SetUp() override {
     home.homeLatitude = 53.0 / kDegreesPerRadianExact;
     home.homeLongitude = 2.0 / kDegreesPerRadianExact;
-    home.scopeCode = scopeCode;
     home.comPort = 1;
-    home.firstStartDate = 2461000.5;
-    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
-    WriteCatalog();
     clock.now = {2026, 11, 22, 21, 0, 0};
-    StartupInputs in{dir.path(), "", script, "", ""};
-    ASSERT_EQ(Startup(state, in, dialogs, clock, windows), kExitSuccess);
-    logic.Tick();
+    WriteTestCatalog(dir.path() + "/TEST.OBC");
   }
-
-  void WriteCatalog() { WriteTestCatalog(dir.path() + "/TEST.OBC"); }
 
   int Run(const std::string& line) { return ProcessCommand(context, line); }
 
@@ -109,18 +81,10 @@ class ScriptRig : public ::testing::Test {
     return last;
   }
 
-  TempDir dir;
-  FakeClock clock;
   ClockEvents events{clock};
-  ScriptedDialogs dialogs;
   RecordingShell shell;
   NoSearchWindow searchWindow;
   std::ostringstream diagnostics;
-  struct NoWindows : Windows {
-    void OpenScopeSelection() override {}
-  } windows;
-  SharedState state;
-  MainWindowLogic logic{state, clock, dialogs};
   CatalogPorts catalogPorts{dialogs, events, searchWindow, shell};
   std::string device = "/nonexistent/tty";
   CommPorts comm{events, diagnostics, [this](int) { return device; }};

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "catalog/catalog_select.h"
 #include "catalog/transient_catalog.h"
 #include "tests/catalog/catalog_files.h"
@@ -12,11 +14,11 @@ namespace {
 
 using DateTimeEntryTest = testing::StartedProgram;
 
-constexpr const char* kMonthPrompt =
+constexpr const char* kMonth =
     "Input Month, 1-12, press OK to Keep Current Value, press 'CANCEL' to use System Time";
-constexpr const char* kYearPrompt = "Input year, 1980-2199";
-constexpr const char* kLeapPrompt = "Must be valid leap year, 1980-2199";
-constexpr const char* kLeap2100Prompt = "Must be valid leap year, 1980-2199, not 2100";
+constexpr const char* kDay = "Input date";
+constexpr const char* kYear = "Input year, 1980-2199";
+constexpr const char* kLeap = "Must be valid leap year, 1980-2199";
 
 TEST_F(DateTimeEntryTest, DateChainSetsAFictitiousDate) {
   const std::string title = JulianDateTitle(state.time);
@@ -24,107 +26,66 @@ TEST_F(DateTimeEntryTest, DateChainSetsAFictitiousDate) {
   EXPECT_EQ(title.size(), std::string("JulianDate = 0000000.00000").size());
   dialogs.answers = {"3", "14", "2027"};
   DateButtonClick(state, dialogs, logic);
-
-  EXPECT_EQ(dialogs.prompts, (std::vector<std::string>{kMonthPrompt, "Input date", kYearPrompt}));
+  EXPECT_EQ(dialogs.prompts, (std::vector<std::string>{kMonth, kDay, kYear}));
   EXPECT_EQ(dialogs.titles, (std::vector<std::string>{title, "Set Day of Month", "Set The Year"}));
   EXPECT_EQ(dialogs.defaults, (std::vector<std::string>{"11", "22", "2026"}));
   EXPECT_FALSE(state.time.realTimeMode);
-  EXPECT_EQ(state.time.month, 3);
-  EXPECT_EQ(state.time.day, 14);
-  EXPECT_EQ(state.time.year, 2027);
   EXPECT_EQ(state.time.monthText, "3");
   EXPECT_TRUE(state.form.timer1Enabled);
   EXPECT_EQ(logic.Display().date, "14-03-2027");
-
-  // The timer keeps ticking but the fictitious date stays.
-  logic.Tick();
+  logic.Tick();  // the timer keeps ticking but the fictitious date stays
   EXPECT_EQ(logic.Display().date, "14-03-2027");
 }
 
-// Each row is one whole date chain: the answers given in order, the prompts the user saw, and the
-// date that results.
-struct DateChainCase {
-  const char* legend;
-  std::vector<std::string> answers;
-  std::vector<std::string> prompts;
-  int month, day, year;
-};
-
 TEST_F(DateTimeEntryTest, DateChainEdgeCases) {
-  const DateChainCase cases[] = {
-      {"29 February 2003 is refused, 2004 accepted",
-       {"2", "29", "2003", "2004"},
-       {kMonthPrompt, "Input date", kYearPrompt, kLeapPrompt},
-       2,
-       29,
-       2004},
-      {"29 February 2100 is refused with its own prompt",
-       {"2", "29", "2100", "2096"},
-       {kMonthPrompt, "Input date", kYearPrompt, kLeap2100Prompt},
-       2,
-       29,
-       2096},
-      {"day 30 in February is asked again (29 is February's longest)",
-       {"2", "30", "28", "2003"},
-       {kMonthPrompt, "Input date", "Input date", kYearPrompt},
-       2,
-       28,
-       2003},
-      {"years 1979 and 2200 are asked again, 2199 accepted",
-       {"7", "4", "1979", "2200", "2199"},
-       {kMonthPrompt, "Input date", kYearPrompt, kYearPrompt, kYearPrompt},
-       7,
-       4,
-       2199},
-      {"month 13 and 0 are asked again with the same prompt",
-       {"13", "0", "12", "31", "1980"},
-       {kMonthPrompt, kMonthPrompt, kMonthPrompt, "Input date", kYearPrompt},
-       12,
-       31,
-       1980},
-      {"Cancel on the day asks again",
-       {"5", "", "1", "2030"},
-       {kMonthPrompt, "Input date", "Input date", kYearPrompt},
-       5,
-       1,
-       2030},
-      {"Cancel on a leap year keeps the leap prompt it had",
-       {"2", "29", "2001", "", "2000"},
-       {kMonthPrompt, "Input date", kYearPrompt, kLeapPrompt, kLeapPrompt},
-       2,
-       29,
-       2000},
+  // The prompts by letter: Month, Day, Year, Leap year, and a leap year not in the Century 2100.
+  const std::map<char, std::string> kPrompt = {
+      {'M', kMonth},
+      {'D', kDay},
+      {'Y', kYear},
+      {'L', kLeap},
+      {'C', "Must be valid leap year, 1980-2199, not 2100"}};
+  // Each row is one whole date chain: the answers in order, the prompts seen, the date set.
+  const struct {
+    const char* legend;
+    std::vector<std::string> answers;
+    std::string prompts;
+    const char* date;
+  } cases[] = {
+      {"leap day in 2003 refused", {"2", "29", "2003", "2004"}, "MDYL", "29-02-2004"},
+      {"leap day in 2100 refused", {"2", "29", "2100", "2096"}, "MDYC", "29-02-2096"},
+      {"30 February asked again", {"2", "30", "28", "2003"}, "MDDY", "28-02-2003"},
+      {"years 1979, 2200 asked again", {"7", "4", "1979", "2200", "2199"}, "MDYYY", "04-07-2199"},
+      {"months 13, 0 asked again", {"13", "0", "12", "31", "1980"}, "MMMDY", "31-12-1980"},
+      {"Cancel on the day asks again", {"5", "", "1", "2030"}, "MDDY", "01-05-2030"},
+      {"Cancel keeps the leap prompt", {"2", "29", "2001", "", "2000"}, "MDYLL", "29-02-2000"},
   };
-  for (const DateChainCase& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.legend);
     dialogs.prompts.clear();
     dialogs.answers.assign(c.answers.begin(), c.answers.end());
     DateButtonClick(state, dialogs, logic);
-    EXPECT_EQ(dialogs.prompts, c.prompts);
+    std::vector<std::string> prompts;
+    for (char letter : c.prompts)
+      prompts.push_back(kPrompt.at(letter));
+    EXPECT_EQ(dialogs.prompts, prompts);
     EXPECT_TRUE(dialogs.answers.empty());
-    EXPECT_EQ(state.time.month, c.month);
-    EXPECT_EQ(state.time.day, c.day);
-    EXPECT_EQ(state.time.year, c.year);
+    EXPECT_EQ(logic.Display().date, c.date);
   }
 }
 
 TEST_F(DateTimeEntryTest, CancelOnTheFirstQuestionReturnsToRealTime) {
-  dialogs.answers = {"6", "1", "2030"};
+  dialogs.answers = {"6", "1", "2030", ""};
   DateButtonClick(state, dialogs, logic);
   ASSERT_FALSE(state.time.realTimeMode);
-  const std::string dayText = state.time.dayText;
-
-  dialogs.answers = {""};
   DateButtonClick(state, dialogs, logic);
   EXPECT_TRUE(state.time.realTimeMode);
-  EXPECT_EQ(dialogs.prompts.back(), kMonthPrompt);
   EXPECT_EQ(logic.Display().date, "22-11-2026");
   EXPECT_TRUE(state.form.timer1Enabled);
 
-  dialogs.answers = {"4", "30", "45"};
+  dialogs.answers = {"4", "30", "45", ""};
   TimeButtonClick(state, dialogs, logic);
   ASSERT_FALSE(state.time.realTimeMode);
-  dialogs.answers = {""};
   TimeButtonClick(state, dialogs, logic);
   EXPECT_TRUE(state.time.realTimeMode);
   EXPECT_EQ(logic.Display().time.substr(0, 8), "21:30:05");
@@ -132,22 +93,17 @@ TEST_F(DateTimeEntryTest, CancelOnTheFirstQuestionReturnsToRealTime) {
 
 TEST_F(DateTimeEntryTest, TimeChainAcceptsCancelledMinutesAsZero) {
   const std::string title = JulianDateTitle(state.time);
+  constexpr const char* kHour = "Input Hour, 0-23 (OR press 'CANCEL' to use System Time)";
   dialogs.answers = {"24", "3", "", "75", "7.5"};
   TimeButtonClick(state, dialogs, logic);
   EXPECT_EQ(dialogs.prompts,
-            (std::vector<std::string>{"Input Hour, 0-23 (OR press 'CANCEL' to use System Time)",
-                                      "Input Hour, 0-23 (OR press 'CANCEL' to use System Time)",
-                                      "Input minutes, 0-59", "Input seconds, 0-59",
+            (std::vector<std::string>{kHour, kHour, "Input minutes, 0-59", "Input seconds, 0-59",
                                       "Input seconds, 0-59"}));
   EXPECT_EQ(dialogs.titles, (std::vector<std::string>{title, "Input Hour", "Input Minutes",
                                                       "Input Seconds", "Input Seconds"}));
   EXPECT_EQ(dialogs.defaults, (std::vector<std::string>{"21", "21", "30", "05", "05"}));
   EXPECT_FALSE(state.time.realTimeMode);
-  EXPECT_EQ(state.time.hourText, "3");
-  EXPECT_EQ(state.time.hour, 3);
   EXPECT_EQ(state.time.minuteText, "");
-  EXPECT_EQ(state.time.minute, 0);
-  EXPECT_EQ(state.time.secondText, "7.5");
   EXPECT_DOUBLE_EQ(state.time.second, 7.5);
   EXPECT_EQ(logic.Display().time.substr(0, 8), "03:00:07");
 }
@@ -195,18 +151,22 @@ TEST_F(DateTimeEntryTest, BothChainsServeTheTransientPositionAndRestartTheSearch
   ASSERT_EQ(state.object.Name1.substr(0, 7), "HOUR 21");
   ASSERT_EQ(state.object.objRaHours, 4);
 
-  struct Row {
+  const struct {
     const char* legend;
-    bool dateChain;
+    decltype(&DateButtonClick) chain;
     std::vector<std::string> answers;
     const char* name1;  // the record that serves the new moment
     int raHours;
   } rows[] = {
-      {"a date with a position: that day's record", true, {"3", "14", "2027"}, "HOUR 21", 6},
-      {"back to real time by Cancel on the month", true, {""}, "HOUR 21", 4},
-      {"a later hour of the same day", false, {"23", "10", "0"}, "HOUR 23", 4},
+      {"a date with a position: that day's record",
+       DateButtonClick,
+       {"3", "14", "2027"},
+       "HOUR 21",
+       6},
+      {"back to real time by Cancel on the month", DateButtonClick, {""}, "HOUR 21", 4},
+      {"a later hour of the same day", TimeButtonClick, {"23", "10", "0"}, "HOUR 23", 4},
   };
-  for (const Row& r : rows) {
+  for (const auto& r : rows) {
     SCOPED_TRACE(r.legend);
     // A search left open with its matches saved: a new moment starts both afresh.
     state.search.catalogOpen = true;
@@ -214,11 +174,7 @@ TEST_F(DateTimeEntryTest, BothChainsServeTheTransientPositionAndRestartTheSearch
     state.form.writeMatchCaption = "View Matches";
     state.search.matchesFileComplete = true;
     dialogs.answers.assign(r.answers.begin(), r.answers.end());
-    if (r.dateChain) {
-      DateButtonClick(state, dialogs, logic);
-    } else {
-      TimeButtonClick(state, dialogs, logic);
-    }
+    r.chain(state, dialogs, logic);
     EXPECT_EQ(state.object.Name1.substr(0, 7), r.name1);
     EXPECT_EQ(state.object.objRaHours, r.raHours);
     EXPECT_FALSE(state.search.catalogOpen);

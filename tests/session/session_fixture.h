@@ -1,5 +1,5 @@
 // A started program on a fixed clock with a scripted Dialogs: the base of the tests that drive
-// the main window's buttons.
+// the main window's buttons and of the script tests, with a shell that only records.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,20 +19,41 @@ class NoWindows : public Windows {
   void OpenScopeSelection() override {}
 };
 
+// Records the programs and documents it is asked to start ("program|parameters").
+class RecordingShell : public Shell {
+ public:
+  bool OpenDocument(const std::string& path, const std::string&) override {
+    opened.push_back(path);
+    return works;
+  }
+  bool StartProgram(const std::string& program, const std::string& parameters) override {
+    started.push_back(program + "|" + parameters);
+    return works;
+  }
+  std::vector<std::string> opened, started;
+  bool works = true;
+};
+
 class StartedProgram : public ::testing::Test {
  protected:
-  void SetUp() override {
-    HomeFileRecord r;
-    r.homeLatitude = (51 + 28.6 / 60) / kDegreesPerRadianExact;
-    r.scopeCode = 10000;
-    r.firstStartDate = 2461000.5;
-    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", r), "");
+  // Greenwich's meridian at 51 28.6 N, no telescope, the clock at 21:30:05 on 22 November 2026.
+  StartedProgram() {
+    home.homeLatitude = (51 + 28.6 / 60) / kDegreesPerRadianExact;
+    home.scopeCode = 10000;
+    home.firstStartDate = 2461000.5;
     clock.now = {2026, 11, 22, 21, 30, 5};
-    StartupInputs in{dir.path(), "", "", "", ""};
+  }
+  void SetUp() override { Start(""); }
+
+  // Saves `home`, starts the program with the script and runs its first tick.
+  void Start(const std::string& script) {
+    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
+    StartupInputs in{dir.path(), "", script, "", ""};
     ASSERT_EQ(Startup(state, in, dialogs, clock, windows), kExitSuccess);
     logic.Tick();
   }
 
+  HomeFileRecord home;
   TempDir dir;
   FakeClock clock;
   ScriptedDialogs dialogs;

@@ -5,10 +5,11 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
 #include <QtTest>
 #include <deque>
-#include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -24,19 +25,17 @@
 namespace astel::uitest {
 
 // Answers input boxes and questions from lists (Cancel and No when they run out) and records
-// everything shown. `onShow` runs as each box appears: the place where a test plays the user.
+// everything shown.
 class RecordingDialogs : public Dialogs {
  public:
   std::deque<std::string> answers;
   std::deque<bool> choices;
   std::vector<std::string> prompts, titles, messages, questions;
-  std::function<void(const std::string&)> onShow;
 
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string&) override {
     prompts.push_back(prompt);
     titles.push_back(title);
-    Shown(prompt);
     if (answers.empty()) return "";
     std::string a = answers.front();
     answers.pop_front();
@@ -44,18 +43,13 @@ class RecordingDialogs : public Dialogs {
   }
   void MessageBox(const std::string& text, const std::string&) override {
     messages.push_back(text);
-    Shown(text);
   }
   bool YesNo(const std::string& text, const std::string&) override { return Choose(text); }
   bool OkCancel(const std::string& text, const std::string&) override { return Choose(text); }
 
  private:
-  void Shown(const std::string& text) {
-    if (onShow) onShow(text);
-  }
   bool Choose(const std::string& text) {
     questions.push_back(text);
-    Shown(text);
     if (choices.empty()) return false;
     const bool yes = choices.front();
     choices.pop_front();
@@ -65,15 +59,12 @@ class RecordingDialogs : public Dialogs {
 
 class RecordingShell : public Shell {
  public:
-  std::vector<std::string> opened, started;
+  std::vector<std::string> opened;
   bool OpenDocument(const std::string& path, const std::string&) override {
     opened.push_back(path);
     return true;
   }
-  bool StartProgram(const std::string& program, const std::string& parameters) override {
-    started.push_back(program + " " + parameters);
-    return true;
-  }
+  bool StartProgram(const std::string&, const std::string&) override { return true; }
 };
 
 class RecordingClipboard : public Clipboard {
@@ -141,6 +132,20 @@ inline void ClickRow(QListWidget* list, int row) {
 inline int RowOf(QListWidget* list, const QString& text) {
   const auto found = list->findItems(text, Qt::MatchExactly);
   return found.isEmpty() ? -1 : list->row(found.front());
+}
+
+// The main window's controls by name; a missing label reads "<missing>".
+inline QString Text(QWidget& w, const char* name) {
+  QLabel* label = w.findChild<QLabel*>(name);
+  return label ? label->text() : QString("<missing>");
+}
+inline QPushButton* Button(QWidget& w, const char* name) {
+  return w.findChild<QPushButton*>(name);
+}
+inline void Click(QWidget& w, const char* name) {
+  QPushButton* b = Button(w, name);
+  QVERIFY2(b, name);
+  QTest::mouseClick(b, Qt::LeftButton);
 }
 
 }  // namespace astel::uitest
