@@ -17,42 +17,38 @@ TEST(UpdateMoonPhase, PhaseNamesAtTheirBoundaries) {
   struct Case {
     double e;
     const char* name;
-  };
-  const Case cases[] = {{0, "  New   "},   {24.99, "  New   "}, {25, "Wax Cres"},
-                        {65, "1st  Qtr"},  {90.5, "1st  Qtr"},  {115, "Wax Gibb"},
-                        {155, "  Full  "}, {180.6, "  Full  "}, {205, "Wan Gibb"},
-                        {245, "Last Qtr"}, {295, "Wan Cres"},   {334.99, "Wan Cres"},
-                        {335, "  New   "}, {350, "  New   "}};
-  for (const Case& c : cases) {
-    EXPECT_EQ(MoonAt(100 + c.e, 100).moonPhaseName, c.name) << "e=" << c.e;
-    EXPECT_EQ(MoonAt(100 + c.e, 100).moonPhaseName.size(), 8u);
-  }
+  } cases[] = {{0, "  New   "},    {24.99, "  New   "}, {25, "Wax Cres"},  {65, "1st  Qtr"},
+               {90.5, "1st  Qtr"}, {115, "Wax Gibb"},   {155, "  Full  "}, {180.6, "  Full  "},
+               {205, "Wan Gibb"},  {245, "Last Qtr"},   {295, "Wan Cres"}, {334.99, "Wan Cres"},
+               {335, "  New   "},  {350, "  New   "}};
+  for (const Case& c : cases)
+    EXPECT_EQ(MoonAt(c.e, 0).moonPhaseName, c.name) << "e=" << c.e;
   // The difference is taken as it comes: a Moon longitude behind the Sun's wraps by 360.
   EXPECT_EQ(MoonAt(10, 340).moonPhaseName, "Wax Cres");
-}
 
-TEST(UpdateMoonPhase, ElongationTextIsTwelveCharacters) {
-  ObjectState o = MoonAt(0, 10);  // 10 degrees west of the Sun
-  EXPECT_EQ(o.elongationText, " 10\xB0 Morning");
-  EXPECT_EQ(o.elongationLabel, o.elongationText);
-  EXPECT_EQ(o.elongationDegreesText, " 10");
-
-  o = MoonAt(180.6, 0);  // 179.4 rounds down, and the Moon is a morning object
-  EXPECT_EQ(o.elongationText, "179\xB0 Morning");
-  o = MoonAt(90.5, 0);  // halves round up
-  EXPECT_EQ(o.elongationText, " 91\xB0 Evening");
-  o = MoonAt(7, 0);
-  EXPECT_EQ(o.elongationText, "  7\xB0 Evening");
-  EXPECT_EQ(o.elongationText.size(), 12u);
-}
-
-TEST(UpdateMoonPhase, UnreducedLongitudesKeepThePreviousName) {
+  // An unreduced difference (e = 400) matches no range and keeps the previous name.
   ObjectState o = MoonAt(200, 100);
-  ASSERT_EQ(o.moonPhaseName, "1st  Qtr");
-  o.moonLongitude = 400;  // e = 400: no range matches
+  o.moonLongitude = 400;
   o.sunLongitude = 0;
   UpdateMoonPhase(o);
   EXPECT_EQ(o.moonPhaseName, "1st  Qtr");
+}
+
+TEST(UpdateMoonPhase, ElongationTextIsTwelveCharacters) {
+  struct Case {
+    const char* legend;
+    double moon, sun;
+    const char* text;
+  } cases[] = {{"10 degrees west of the Sun", 0, 10, " 10\xB0 Morning"},
+               {"179.4 rounds down, a morning object", 180.6, 0, "179\xB0 Morning"},
+               {"halves round up", 90.5, 0, " 91\xB0 Evening"},
+               {"one digit", 7, 0, "  7\xB0 Evening"}};
+  for (const Case& c : cases) {
+    const ObjectState o = MoonAt(c.moon, c.sun);
+    EXPECT_EQ(o.elongationText, c.text) << c.legend;
+    EXPECT_EQ(o.elongationLabel, c.text) << c.legend;
+  }
+  EXPECT_EQ(MoonAt(0, 10).elongationDegreesText, " 10");
 }
 
 }  // namespace

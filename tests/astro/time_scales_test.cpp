@@ -10,130 +10,101 @@
 namespace astel {
 namespace {
 
-// A state set to a local date and time by hand, as the date entry leaves it.
-SharedState StateAt(int year, int month, int day, int hour, int minute, int second,
-                    double gmtOffset = 0) {
+constexpr double kRadiansPerDegree = 1 / 57.29577957855229;
+
+// The time scales of a local date and time set by hand, as the date entry leaves them; the
+// longitude is in degrees, west positive.
+SharedState TimesAt(int year, int month, int day, int hour, int minute, int second,
+                    double gmtOffset = 0, double westDegrees = 0) {
   SharedState s;
   FillDateTables(s.time);
-  s.time.realTimeMode = false;
-  s.time.year = year;
-  s.time.month = month;
-  s.time.day = day;
-  s.time.hour = hour;
-  s.time.minute = minute;
-  s.time.second = second;
-  s.time.minuteText = std::to_string(minute);
+  TimeState& t = s.time;
+  t.realTimeMode = false;
+  t.year = year, t.month = month, t.day = day, t.hour = hour, t.minute = minute, t.second = second;
+  t.minuteText = std::to_string(minute);
   s.place.gmtOffset = gmtOffset;
+  s.place.homeLongitude = westDegrees * kRadiansPerDegree;
+  s.place.longitudeDegrees = static_cast<int>(westDegrees);
+  EXPECT_TRUE(UpdateTimeScales(s));
   return s;
 }
 
-constexpr double kJulianDate1980 = 2444239.5;
-
 TEST(UpdateTimeScales, JulianDateDayCountAndCenturyRule) {
-  SharedState s = StateAt(1980, 1, 1, 0, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_DOUBLE_EQ(s.time.julianDate, kJulianDate1980);
-  EXPECT_TRUE(s.time.isLeapYear);
+  struct Case {
+    const char* legend;
+    int year, month, day, hour, minute, second;
+    double julianDate;
+    bool leapYear;
+  } cases[] = {
+      {"1980 begins", 1980, 1, 1, 0, 0, 0, 2444239.5, true},
+      // 2100 is no leap year; the day count is the true one on either side of February.
+      {"2100 February 28", 2100, 2, 28, 0, 0, 0, 2444239.5 + 43888, false},
+      {"2100 March 1 follows February 28", 2100, 3, 1, 0, 0, 0, 2444239.5 + 43889, false},
+      {"2101 begins", 2101, 1, 1, 0, 0, 0, 2444239.5 + 44195, false},
+      {"the astronomical calendar", 2026, 11, 22, 0, 0, 0, 2461366.5, false},
+      // The program's day fraction divides the seconds by 3600, not 86400.
+      {"seconds in hours", 2026, 5, 10, 12, 15, 30, 2461170.5 + 12.25 / 24 + 30.0 / 3600, false}};
+  for (const Case& c : cases) {
+    const TimeState t = TimesAt(c.year, c.month, c.day, c.hour, c.minute, c.second).time;
+    EXPECT_NEAR(t.julianDate, c.julianDate, 1e-9) << c.legend;
+    EXPECT_EQ(t.isLeapYear, c.leapYear) << c.legend;
+  }
+  EXPECT_EQ(TimesAt(2026, 11, 22, 0, 0, 0).time.roundedYear, 2027);
 
-  // 2100 counts as a leap year only for January and February; the day count is the true one.
-  s = StateAt(2100, 3, 1, 0, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_DOUBLE_EQ(s.time.julianDate - kJulianDate1980, 43889);
-  EXPECT_FALSE(s.time.isLeapYear);
-  s = StateAt(2100, 2, 28, 0, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_DOUBLE_EQ(s.time.julianDate - kJulianDate1980, 43888);
-  s = StateAt(2101, 1, 1, 0, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_DOUBLE_EQ(s.time.julianDate - kJulianDate1980, 44195);
-
-  // A date of this century against the astronomical calendar: 2026 November 22, 0h = 2461366.5.
-  s = StateAt(2026, 11, 22, 0, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_DOUBLE_EQ(s.time.julianDate, 2461366.5);
-  EXPECT_EQ(s.time.roundedYear, 2027);
-}
-
-TEST(UpdateTimeScales, SecondsAreDividedBy3600) {
-  SharedState at0 = StateAt(2026, 5, 10, 12, 15, 0);
-  SharedState at30 = StateAt(2026, 5, 10, 12, 15, 30);
-  ASSERT_TRUE(UpdateTimeScales(at0));
-  ASSERT_TRUE(UpdateTimeScales(at30));
-  EXPECT_NEAR(at30.time.julianDate - at0.time.julianDate, 30.0 / 3600, 1e-9);
+  SharedState s = TimesAt(2026, 1, 1, 0, 0, 0);
+  s.time.month = 13;
+  s.time.julianDate = 123;
+  EXPECT_FALSE(UpdateTimeScales(s)) << "a month outside the table";
+  EXPECT_EQ(s.time.julianDate, 123);
 }
 
 TEST(UpdateTimeScales, GmtDayRollsBothWays) {
-  SharedState s = StateAt(2026, 3, 14, 20, 30, 0, 5);
-  SharedState sameDayAtNoon = StateAt(2026, 3, 14, 12, 0, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  ASSERT_TRUE(UpdateTimeScales(sameDayAtNoon));
-  EXPECT_EQ(s.time.gmtHour, 1);
-  EXPECT_EQ(s.time.gmtTimeText, "01:30");
-  EXPECT_EQ(s.time.gmtDaySign, "+");
-  EXPECT_TRUE(s.time.gmtNextDay);
-  EXPECT_DOUBLE_EQ(std::floor(s.time.julianDate - 0.5),
-                   std::floor(sameDayAtNoon.time.julianDate - 0.5) + 1);
-
-  s = StateAt(2026, 3, 14, 1, 0, 0, -3);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_EQ(s.time.gmtHour, 22);
-  EXPECT_EQ(s.time.gmtDaySign, "-");
-  EXPECT_TRUE(s.time.gmtPrevDay);
-  EXPECT_DOUBLE_EQ(s.time.julianDate, 2461112.5 + 22.0 / 24);  // 2026-03-13 22h GMT
-
-  // A half-hour zone keeps its half hour.
-  s = StateAt(2026, 3, 14, 10, 0, 0, -5.5);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_EQ(s.time.gmtTimeText, "04:30");
-  EXPECT_EQ(s.time.gmtDaySign, " ");
+  struct Case {
+    const char* legend;
+    int hour, minute;
+    double gmtOffset;
+    const char *gmtText, *daySign;
+    double julianDate;
+  } cases[] = {
+      {"next day", 20, 30, 5, "01:30", "+", 2461114.5 + 1.5 / 24},
+      {"previous day", 1, 0, -3, "22:00", "-", 2461112.5 + 22.0 / 24},
+      {"a half-hour zone keeps its half hour", 10, 0, -5.5, "04:30", " ", 2461113.5 + 4.5 / 24}};
+  for (const Case& c : cases) {
+    const TimeState t = TimesAt(2026, 3, 14, c.hour, c.minute, 0, c.gmtOffset).time;
+    EXPECT_EQ(t.gmtTimeText, c.gmtText) << c.legend;
+    EXPECT_EQ(t.gmtDaySign, c.daySign) << c.legend;
+    EXPECT_TRUE(t.gmtNextDay == (c.daySign[0] == '+') && t.gmtPrevDay == (c.daySign[0] == '-'))
+        << c.legend;
+    EXPECT_NEAR(t.julianDate, c.julianDate, 1e-9) << c.legend;
+  }
 }
 
 TEST(UpdateTimeScales, SiderealTimeMatchesTheAlmanacAndStaysInRange) {
-  // Greenwich mean sidereal time at 2000 January 1, 12h UT is 18.697374558 h.
-  SharedState s = StateAt(2000, 1, 1, 12, 0, 0);
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_NEAR(s.time.localSiderealTime, 18.697374558, 0.001);
-
-  // 75 degrees west: 5 hours earlier.
-  s.place.homeLongitude = 75 / 57.29577957855229;
-  s.place.longitudeDegrees = 75;
-  ASSERT_TRUE(UpdateTimeScales(s));
-  EXPECT_NEAR(s.time.localSiderealTime, 13.697374558, 0.001);
+  // Greenwich mean sidereal time at 2000 January 1, 12h UT is 18.697374558 h; 75 degrees west is
+  // 5 hours earlier.
+  EXPECT_NEAR(TimesAt(2000, 1, 1, 12, 0, 0).time.localSiderealTime, 18.697374558, 0.001);
+  EXPECT_NEAR(TimesAt(2000, 1, 1, 12, 0, 0, 0, 75).time.localSiderealTime, 13.697374558, 0.001);
 
   // Near the date line on either side, at every hour of a day: always within [0, 24).
   for (int degrees : {179, -179, -180}) {
     for (int hour = 0; hour < 24; ++hour) {
-      SharedState t = StateAt(2150, 12, 31, hour, 59, 59);
-      t.place.homeLongitude = degrees / 57.29577957855229;
-      t.place.longitudeDegrees = degrees;
-      t.place.longitudeMinutes = 59;
-      ASSERT_TRUE(UpdateTimeScales(t));
-      EXPECT_GE(t.time.localSiderealTime, 0) << degrees << " " << hour;
-      EXPECT_LT(t.time.localSiderealTime, 24) << degrees << " " << hour;
-      EXPECT_EQ(t.time.lstHours, static_cast<int>(t.time.localSiderealTime));
+      SharedState s = TimesAt(2150, 12, 31, hour, 59, 59, 0, degrees);
+      s.place.longitudeMinutes = 59;
+      ASSERT_TRUE(UpdateTimeScales(s));
+      const TimeState& t = s.time;
+      EXPECT_TRUE(t.localSiderealTime >= 0 && t.localSiderealTime < 24) << degrees << " " << hour;
+      EXPECT_EQ(t.lstHours, static_cast<int>(t.localSiderealTime));
     }
   }
-}
 
-TEST(UpdateTimeScales, EasternMinutesSubtractTheFullLongitude) {
-  // 0 degrees 30 minutes east and 0 degrees 30 minutes west are an hour of sidereal time apart.
-  SharedState east = StateAt(2026, 6, 1, 0, 0, 0);
-  east.place.homeLongitude = -0.5 / 57.29577957855229;
-  east.place.longitudeDegrees = 0;
-  east.place.longitudeMinutes = 30;
-  SharedState west = east;
-  west.place.homeLongitude = 0.5 / 57.29577957855229;
-  ASSERT_TRUE(UpdateTimeScales(east));
-  ASSERT_TRUE(UpdateTimeScales(west));
+  // 0 degrees 30 minutes east and 0 degrees 30 minutes west are an hour of sidereal time apart:
+  // eastern minutes subtract the full longitude.
+  SharedState east = TimesAt(2026, 6, 1, 0, 0, 0, 0, -0.5), west = east;
+  east.place.longitudeMinutes = west.place.longitudeMinutes = 30;
+  west.place.homeLongitude = 0.5 * kRadiansPerDegree;
+  ASSERT_TRUE(UpdateTimeScales(east) && UpdateTimeScales(west));
   EXPECT_NEAR(std::fmod(east.time.localSiderealTime - west.time.localSiderealTime + 24, 24),
               1.0 / 15, 1e-9);
-}
-
-TEST(UpdateTimeScales, MonthOutsideTheTableFailsWithoutAJulianDate) {
-  SharedState s = StateAt(2026, 13, 1, 0, 0, 0);
-  s.time.julianDate = 123;
-  EXPECT_FALSE(UpdateTimeScales(s));
-  EXPECT_EQ(s.time.julianDate, 123);
 }
 
 TEST(ReadClock, CopiesTheClockOnlyInRealTime) {
@@ -142,52 +113,41 @@ TEST(ReadClock, CopiesTheClockOnlyInRealTime) {
   SharedState s;
   s.time.riseSetCurrent = true;
   ReadClock(s, clock);
-  EXPECT_EQ(s.time.monthText, "11");
-  EXPECT_EQ(s.time.dayText, "22");
-  EXPECT_EQ(s.time.yearText, "2026");
-  EXPECT_EQ(s.time.hourText, "21");
-  EXPECT_EQ(s.time.minuteText, "05");
-  EXPECT_EQ(s.time.secondText, "00");
-  EXPECT_EQ(s.time.minute, 5);
-  EXPECT_FALSE(s.time.riseSetCurrent) << "second 0 starts a new minute";
+  const TimeState& t = s.time;
+  EXPECT_EQ(t.monthText + "/" + t.dayText + "/" + t.yearText + " " + t.hourText + ":" +
+                t.minuteText + ":" + t.secondText,
+            "11/22/2026 21:05:00");
+  EXPECT_EQ(t.minute, 5);
+  EXPECT_FALSE(t.riseSetCurrent) << "second 0 starts a new minute";
 
   s.time.riseSetCurrent = true;
   clock.now.second = 7;
   ReadClock(s, clock);
-  EXPECT_TRUE(s.time.riseSetCurrent);
+  EXPECT_TRUE(t.riseSetCurrent);
 
   s.time.realTimeMode = false;
   clock.now = {2030, 1, 2, 3, 4, 5};
   ReadClock(s, clock);
-  EXPECT_EQ(s.time.yearText, "2026");
+  EXPECT_EQ(t.yearText, "2026");
 }
 
-TEST(TimeZone, OffsetsAndLabels) {
+TEST(TimeZone, LabelFromTheStandardBiasAndDaylight) {
   testing::FakeClock clock;
-  SharedState s;
-  clock.zone = {300, 240, true};  // New York in summer
-  EXPECT_FLOAT_EQ(CurrentZoneOffset(s, clock), 4);
-  EXPECT_DOUBLE_EQ(s.place.zoneBiasHours, 5);
-  UpdateZoneLabel(s, clock);
-  EXPECT_EQ(s.time.zoneLetter1 + s.time.zoneLetter2 + s.time.zoneLetter3, "EDT");
-  s.place.useStoredGmtOffset = true;  // a stored offset shows the standard column
-  UpdateZoneLabel(s, clock);
-  EXPECT_EQ(s.time.zoneLetter1 + s.time.zoneLetter2 + s.time.zoneLetter3, "EST");
-
   struct Row {
     double biasHours;
-    bool daylight;
+    bool daylight, storedOffset;
     const char* letters;
-  };
-  const Row rows[] = {{-3, true, "MSK"},  {-3, false, "MSD"},  // the swapped row
-                      {0, true, "BST"},   {0, false, "GMT"},  {-1, false, "CET"},
-                      {-10, true, "AED"}, {3, false, "UNK"},  {-5.5, false, "UNK"}};
+  } rows[] = {{5, true, false, "EDT"},   {5, true, true, "EST"},     // a stored offset: standard
+              {-3, true, false, "MSK"},  {-3, false, false, "MSD"},  // the swapped row
+              {0, true, false, "BST"},   {0, false, false, "GMT"},  {-1, false, false, "CET"},
+              {-10, true, false, "AED"}, {3, false, false, "UNK"},  {-5.5, false, false, "UNK"}};
   for (const Row& r : rows) {
-    SharedState t;
-    t.place.zoneBiasHours = r.biasHours;
+    SharedState s;
+    s.place.zoneBiasHours = r.biasHours;
+    s.place.useStoredGmtOffset = r.storedOffset;
     clock.zone.daylight = r.daylight;
-    UpdateZoneLabel(t, clock);
-    EXPECT_EQ(t.time.zoneLetter1 + t.time.zoneLetter2 + t.time.zoneLetter3, r.letters)
+    UpdateZoneLabel(s, clock);
+    EXPECT_EQ(s.time.zoneLetter1 + s.time.zoneLetter2 + s.time.zoneLetter3, r.letters)
         << r.biasHours << (r.daylight ? " daylight" : " standard");
   }
 }
@@ -199,8 +159,7 @@ TEST(DateStamp, CarriesAndBorrowsThroughTheCalendar) {
     int h, m, s;
     bool add;
     const char* expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"second into the new year", "23595912312025", 0, 0, 1, true, "00000001012026"},
       {"hours into the next day", "22300003142026", 5, 0, 0, true, "03300003152026"},
       {"minutes carry", "10555002012026", 0, 10, 20, true, "11061002012026"},
@@ -208,12 +167,12 @@ TEST(DateStamp, CarriesAndBorrowsThroughTheCalendar) {
       {"2100 has no leap day", "23000002282100", 2, 0, 0, true, "01000003012100"},
       {"borrow back to the leap day", "00000003012024", 0, 0, 1, false, "23595902292024"},
       {"borrow back into the old year", "01000001012026", 3, 0, 0, false, "22000012312025"},
-      {"borrow minutes and seconds", "10000006152026", 0, 30, 30, false, "09293006152026"},
-  };
+      {"borrow minutes and seconds", "10000006152026", 0, 30, 30, false, "09293006152026"}};
   for (const Case& c : cases) {
-    std::string result =
-        c.add ? AddToStamp(c.stamp, c.h, c.m, c.s) : SubtractFromStamp(c.stamp, c.h, c.m, c.s);
-    EXPECT_EQ(result, c.expected) << c.legend;
+    EXPECT_EQ(
+        c.add ? AddToStamp(c.stamp, c.h, c.m, c.s) : SubtractFromStamp(c.stamp, c.h, c.m, c.s),
+        c.expected)
+        << c.legend;
   }
 }
 

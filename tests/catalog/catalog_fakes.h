@@ -2,11 +2,11 @@
 // a hook for Cancel, the Searching window, the shell and the telescope read-back.
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "astro/coordinates.h"
 #include "catalog/scope_read_back.h"
 #include "catalog/search_ports.h"
 #include "tests/support/scripted_dialogs.h"
@@ -39,33 +39,24 @@ class FakeSearchWindow : public SearchWindow {
 
 class FakeShell : public Shell {
  public:
-  std::vector<std::string> opened, workingDirs;
-  bool OpenDocument(const std::string& path, const std::string& workingDir) override {
+  std::vector<std::string> opened;
+  bool OpenDocument(const std::string& path, const std::string&) override {
     opened.push_back(path);
-    workingDirs.push_back(workingDir);
     return true;
   }
   bool StartProgram(const std::string&, const std::string&) override { return true; }
 };
 
+// A telescope that reports a fixed position of date, or fails.
 class FakeScope : public ScopeReadBack {
  public:
   bool succeed = true;
   int calls = 0;
-  int raHours = 0;
-  double raMinutes = 0;
-  int decDegrees = 0;
-  double decMinutes = 0;
-  int decSign = 1;
+  double raHours = 0, decDegrees = 0;
   bool ReadPosition(SharedState& state) override {
     ++calls;
-    if (!succeed) return false;
-    state.object.objRaHours = raHours;
-    state.object.objRaMinutes = raMinutes;
-    state.object.objDecDegrees = decDegrees;
-    state.object.objDecMinutes = decMinutes;
-    state.object.objDecSign = decSign;
-    return true;
+    if (succeed) SetObjectPosition(state.object, raHours, decDegrees);
+    return succeed;
   }
 };
 

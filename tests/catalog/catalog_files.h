@@ -35,10 +35,10 @@ inline std::string ReadFile(const std::string& path) {
   return s.str();
 }
 
-inline std::vector<std::string> Lines(const std::string& text, const std::string& end = "\r\n") {
+inline std::vector<std::string> Lines(const std::string& text) {
   std::vector<std::string> lines;
   std::size_t from = 0;
-  for (std::size_t at; (at = text.find(end, from)) != std::string::npos; from = at + end.size())
+  for (std::size_t at; (at = text.find("\r\n", from)) != std::string::npos; from = at + 2)
     lines.push_back(text.substr(from, at - from));
   if (from < text.size()) lines.push_back(text.substr(from));
   return lines;

@@ -25,21 +25,10 @@ class MatchesFileTest : public SearchTest {
   }
 };
 
-TEST(MatchNumber, AlwaysFourCharacters) {
-  struct Row {
-    int n;
-    const char* text;
-  } rows[] = {{1, " 1. "},  {7, " 7. "},  {9, " 9. "},   {10, "10. "},
-              {42, "42. "}, {99, "99. "}, {100, "100."}, {123, "123."}};
-  for (const Row& r : rows)
-    EXPECT_EQ(MatchNumberText(r.n), r.text) << r.n;
-}
-
 TEST_F(MatchesFileTest, HeaderAndTwoLinesPerMatch) {
   UseCatalog({Rec("M31", 0, -10, "3.4", "NGC 224", "Andromeda"), Rec("M3", 0, -0.5),
               Rec("M33", 12, 30, "5.7")});
-  rig.dialogs.answers = {"M3"};
-  ASSERT_TRUE(SimpleSearch(state, rig.ports));
+  ASSERT_TRUE(Simple({"M3"}));
   ASSERT_TRUE(NextMatch(state, rig.ports));
   ASSERT_TRUE(NextMatch(state, rig.ports));
   const std::vector<std::string> lines = Lines(Matches());
@@ -58,6 +47,15 @@ TEST_F(MatchesFileTest, HeaderAndTwoLinesPerMatch) {
       << "unknown magnitude: twelve blanks keep the R.A. aligned; -0 keeps its sign";
   EXPECT_EQ(lines[8].substr(0, 8), " 3. M33 ");
   EXPECT_NE(lines[9].find("Alt=-60."), std::string::npos) << lines[9];
+  const std::pair<int, const char*> numbers[] = {
+      {9, " 9. "}, {10, "10. "}, {99, "99. "}, {100, "100."}};
+  for (auto [n, text] : numbers)
+    EXPECT_EQ(MatchNumberText(n), text) << n;
+
+  // A new search replaces the file.
+  ASSERT_TRUE(Simple({"M 31"}));
+  EXPECT_EQ(Lines(Matches()).size(), 6u);
+  EXPECT_EQ(Lines(Matches())[0], "ASTEL+S Search= \"M31\"");
 }
 
 TEST_F(MatchesFileTest, DetailedHeaderAndUsDates) {
@@ -66,25 +64,11 @@ TEST_F(MatchesFileTest, DetailedHeaderAndUsDates) {
   state.time.gmtPrevDay = true;
   state.time.day = 1, state.time.month = 3, state.time.year = 2028;  // back over a leap day
   UseCatalog({Rec("Gam Per", 0, 10, "2.9", "23 Per")});
-  rig.dialogs.answers = {"Gam", "23 Per", "20", "5"};
-  ASSERT_TRUE(DetailedSearch(state, rig.ports));
+  ASSERT_TRUE(Detailed({"Gam", "23 Per", "20", "5"}));
   const std::vector<std::string> lines = Lines(Matches());
   EXPECT_EQ(lines[0], "ASTEL+S Search= \"Gam\" and \"23 Per\". Objects above 20" + kDeg +
                           ", Brighter than Mag 5");
   EXPECT_EQ(lines[1], "Data is for 03-01-2028 at 21:05:09 Local Time, GMT= 02:05:09 02-29-2028");
-}
-
-TEST_F(MatchesFileTest, ASecondSearchReplacesTheFile) {
-  UseCatalog({Rec("M3", 0, 10), Rec("M31", 0, 10), Rec("NGC 7009", 0, 10)});
-  rig.dialogs.answers = {"M3"};
-  ASSERT_TRUE(SimpleSearch(state, rig.ports));
-  ASSERT_TRUE(NextMatch(state, rig.ports));
-  rig.dialogs.answers = {"NGC 7009"};
-  ASSERT_TRUE(SimpleSearch(state, rig.ports));
-  const std::vector<std::string> lines = Lines(Matches());
-  ASSERT_EQ(lines.size(), 6u);
-  EXPECT_EQ(lines[0], "ASTEL+S Search= \"NGC7009\"");
-  EXPECT_EQ(lines[4].substr(0, 12), " 1. NGC 7009");
 }
 
 TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
@@ -92,40 +76,27 @@ TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
   for (int i = 1; i <= 150; ++i)
     records.push_back(Rec("HD " + std::to_string(i), 0, 10));
   UseCatalog(records);
-  rig.dialogs.answers = {"HD"};
-  ASSERT_TRUE(SimpleSearch(state, rig.ports));
+  WriteMatchButtonClick(state, rig.ports);
+  EXPECT_TRUE(rig.dialogs.questions.empty() && rig.shell.opened.empty()) << "no search yet";
+
+  ASSERT_TRUE(Simple({"HD"}));
   rig.dialogs.choices = {true};
   WriteMatchButtonClick(state, rig.ports);
   EXPECT_TRUE(rig.dialogs.messages.empty()) << "saving shows no end-of-scan message";
-  EXPECT_EQ(
-      rig.dialogs.questions,
-      std::vector<std::string>{"150 Matches written to 'matches.txt'. View list of matches?"});
+  EXPECT_EQ(rig.dialogs.questions,
+            Names{"150 Matches written to 'matches.txt'. View list of matches?"});
   EXPECT_EQ(rig.window.captions.back(), "Saving Matches - line 1");
   EXPECT_EQ(rig.window.progress.front(), "Saving Matches - line 100");
-  EXPECT_EQ(rig.shell.opened, std::vector<std::string>{File(dir, "MATCHES.TXT")});
+  EXPECT_EQ(rig.shell.opened, Names{File(dir, "MATCHES.TXT")});
   EXPECT_EQ(Shown(), "HD 150") << "the last match is shown";
-  EXPECT_EQ(state.form.writeMatchCaption, "View Matches");
-  EXPECT_EQ(state.form.writeMatchToolTip, "View the list of 150 saved matches");
   const std::vector<std::string> lines = Lines(Matches());
   ASSERT_EQ(lines.size(), 4u + 300u);
   EXPECT_EQ(lines[302].substr(0, 11), "150.HD 150 ");
 
-  WriteMatchButtonClick(state, rig.ports);  // now "View Matches"
-  EXPECT_EQ(rig.shell.opened.size(), 2u);
-  EXPECT_EQ(rig.dialogs.questions.size(), 1u) << "viewing asks nothing";
-
-  rig.dialogs.answers = {"HD 1"};
-  ASSERT_TRUE(SimpleSearch(state, rig.ports));
+  ASSERT_TRUE(Simple({"HD 1"}));
   EXPECT_EQ(state.form.writeMatchCaption, "Save Matches") << "a new search resets the button";
   EXPECT_EQ(state.form.writeMatchToolTip,
             "Save all matches to a text file, and go to the final matching object");
-}
-
-TEST_F(MatchesFileTest, SaveWithoutASearchDoesNothing) {
-  UseCatalog({Rec("M3", 0, 10)});
-  WriteMatchButtonClick(state, rig.ports);
-  EXPECT_TRUE(rig.dialogs.questions.empty());
-  EXPECT_TRUE(rig.shell.opened.empty());
 }
 
 }  // namespace

@@ -14,6 +14,8 @@
 
 namespace astel::testing {
 
+using Names = std::vector<std::string>;
+
 class SearchTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -31,6 +33,16 @@ class SearchTest : public ::testing::Test {
     ASSERT_TRUE(OpenCatalog(state, Dir(dir), "TEST.OBC"));
   }
 
+  // Queues the answers to the prompts, then runs the search.
+  bool Simple(std::deque<std::string> answers) {
+    rig.dialogs.answers = std::move(answers);
+    return SimpleSearch(state, rig.ports);
+  }
+  bool Detailed(std::deque<std::string> answers) {
+    rig.dialogs.answers = std::move(answers);
+    return DetailedSearch(state, rig.ports);
+  }
+
   // The object's Name1 without its padding.
   std::string Shown() const {
     std::string n = state.object.Name1;
@@ -39,6 +51,14 @@ class SearchTest : public ::testing::Test {
   }
 
   std::string Matches() const { return ReadFile(File(dir, "MATCHES.TXT")); }
+
+  // The shown object, then every further match until NextMatch says no more (at most 50).
+  std::vector<std::string> ShownAndNextMatches() {
+    std::vector<std::string> shown = {Shown()};
+    while (shown.size() < 50 && NextMatch(state, rig.ports))
+      shown.push_back(Shown());
+    return shown;
+  }
 
   // A record at the given apparent altitude due south of the equatorial observer.
   std::string AtAltitude(const std::string& name, double apparentAltitude,

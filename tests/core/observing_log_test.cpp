@@ -18,32 +18,25 @@ class ObservingLogTest : public ::testing::Test {
   void SetUp() override {
     s.files.installDir = dir.path() + "/";
     s.files.homeFileName = "ASTEL.HOM";
-    s.time.dayText = "22";
-    s.time.monthText = "11";
-    s.time.yearText = "2026";
-    s.time.hourText = "21";
-    s.time.minuteText = "15";
-    s.time.secondText = "42";
-    s.time.gmtTimeText = "03:15";
-    s.time.gmtDaySign = "+";
+    TimeState& t = s.time;
+    t.dayText = "22", t.monthText = "11", t.yearText = "2026";
+    t.hourText = "21", t.minuteText = "15", t.secondText = "42";
+    t.gmtTimeText = "03:15", t.gmtDaySign = "+";
     SetHomeLatitude(s.place, 40 + 44.52 / 60);
     SetHomeLongitude(s.place, 73 + 59.4 / 60);
     s.telescope.scopeType = 4;
+    // M31 shown from the catalog.
+    s.search.foundState = 1;
+    s.object.objectKind = -1;
+    s.object.Name1 = "M31         ", s.object.Name2 = "NGC 224     ";
+    s.object.Name3 = "Andromeda Gx", s.object.Name4 = "galaxy      ";
+    s.object.Name5 = "Andromeda   ";
+    s.object.altitude = 63.449;
+    s.object.magnitudeText = "    3.44";
   }
   std::string Log() {
     std::ifstream in(dir.path() + "/ASTELLOG.TXT", std::ios::binary);
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  }
-  void ShowM31() {
-    s.search.foundState = 1;
-    s.object.objectKind = -1;
-    s.object.Name1 = "M31         ";
-    s.object.Name2 = "NGC 224     ";
-    s.object.Name3 = "Andromeda Gx";
-    s.object.Name4 = "galaxy      ";
-    s.object.Name5 = "Andromeda   ";
-    s.object.altitude = 63.449;
-    s.object.magnitudeText = "    3.44";
   }
 
   testing::TempDir dir;
@@ -52,7 +45,6 @@ class ObservingLogTest : public ::testing::Test {
 };
 
 TEST_F(ObservingLogTest, FirstNoteWritesTheHeaderOncePerRun) {
-  ShowM31();
   ASSERT_TRUE(WriteLogEntry(s, dialogs, "Dust lane visible"));
   ASSERT_TRUE(WriteLogEntry(s, dialogs, "M32 too"));
   const std::string object =
@@ -69,10 +61,9 @@ TEST_F(ObservingLogTest, FirstNoteWritesTheHeaderOncePerRun) {
 TEST_F(ObservingLogTest, ScriptRepeatsNoObjectLineAndUsesItsOwnHeader) {
   s.script.scriptMode = true;
   s.place.usDateOrder = true;
-  ShowM31();
   ASSERT_TRUE(WriteLogEntry(s, dialogs, "Command1: FIND=M31 Successful"));
   ASSERT_TRUE(WriteLogEntry(s, dialogs, "Command2: GOTO=1 Successful"));
-  std::string log = Log();
+  const std::string log = Log();
   EXPECT_NE(log.find("COMMAND LOG WRITTEN 11-22-2026 STARTING"), std::string::npos);
   EXPECT_EQ(log.find("M31          NGC"), log.rfind("M31          NGC")) << log;
   EXPECT_NE(log.find("11-22-2026 21:15:42\r\nCommand1: FIND=M31 Successful\r\nCommand2"),
@@ -81,47 +72,39 @@ TEST_F(ObservingLogTest, ScriptRepeatsNoObjectLineAndUsesItsOwnHeader) {
 
 TEST_F(ObservingLogTest, ObjectLinesForEveryKind) {
   s.program.lastLoggedName = "  ";  // header already written
+  s.search.foundState = 0;
   EXPECT_EQ(ComposeLogEntry(s, "x"), "No Object Selected  22-11-2026 21:15:42\r\nx\r\n");
 
   s.search.foundState = 1;
-  s.object.altitude = -3.04;
-  s.object.Name1 = "Sun";
-  s.object.Name2 = "0.987 AU";
-  s.object.Name5 = "JD 2461367.13";
-  s.object.objectKind = 0;
+  ObjectState& o = s.object;
+  o.altitude = -3.04, o.Name1 = "Sun", o.Name2 = "0.987 AU", o.Name5 = "JD 2461367.13";
+  o.objectKind = 0;
   EXPECT_EQ(ComposeLogEntry(s, "x"),
             "Sun Dist=0.987 AU. Alt=-3 \xB0 JD 2461367.13 22-11-2026 21:15:42\r\nx\r\n");
-  s.object.objectKind = 3;
-  s.object.Name1 = "Moon";
-  s.object.Name2 = "Wax Gibb";
-  s.object.Name3 = "128\xB0 Evening";
-  s.object.Name4 = "0.00251 AU";
+  o.objectKind = 3;
+  o.Name1 = "Moon", o.Name2 = "Wax Gibb", o.Name3 = "128\xB0 Evening", o.Name4 = "0.00251 AU";
   EXPECT_EQ(ComposeLogEntry(s, "x"),
             "Moon Wax Gibb 128\xB0 Evening 0.00251 AU JD 2461367.13 . Alt=-3 \xB0 22-11-2026 "
             "21:15:42\r\nx\r\n");
-  s.object.objectKind = 5;
-  s.object.Name1 = "Jupiter";
-  s.object.Name2 = "4.210 AU";
-  s.object.Name3 = "Diam 46.8\"";
-  s.object.altitude = 25.06;
+  o.objectKind = 5;
+  o.Name1 = "Jupiter", o.Name2 = "4.210 AU", o.Name3 = "Diam 46.8\"", o.altitude = 25.06;
   EXPECT_EQ(ComposeLogEntry(s, "x"),
             "Jupiter Dist=4.210 AU Diam 46.8\". Alt= 25.1 \xB0 JD 2461367.13 22-11-2026 "
             "21:15:42\r\nx\r\n");
 }
 
-TEST_F(ObservingLogTest, NotesChain) {
-  ShowM31();
+TEST_F(ObservingLogTest, NotesChainAndAnUnwritableLog) {
   dialogs.answers = {""};
   TakeObservingNotes(s, dialogs);
   EXPECT_FALSE(std::filesystem::exists(dir.path() + "/ASTELLOG.TXT"));
   EXPECT_EQ(dialogs.prompts[0], "Enter Observing Notes for M31          - a blank line exits");
-  EXPECT_EQ(dialogs.titles[0], "Write to Observing Log  ASTELLOG.TXT");
 
   dialogs.answers = {"first", "second", ""};
   TakeObservingNotes(s, dialogs);
-  EXPECT_EQ(dialogs.titles[1], "Write to Observing Log  ASTELLOG.TXT");
-  EXPECT_EQ(dialogs.titles[2], "Write to Observing Log");
-  EXPECT_EQ(dialogs.titles[3], "Write to Observing Log");
+  EXPECT_EQ(dialogs.titles,
+            (std::vector<std::string>{"Write to Observing Log  ASTELLOG.TXT",
+                                      "Write to Observing Log  ASTELLOG.TXT",
+                                      "Write to Observing Log", "Write to Observing Log"}));
   EXPECT_NE(Log().find("first\r\n"), std::string::npos);
   EXPECT_NE(Log().find("second\r\n"), std::string::npos);
 
@@ -131,10 +114,9 @@ TEST_F(ObservingLogTest, NotesChain) {
   dialogs.answers = {""};
   TakeObservingNotes(s, dialogs);
   EXPECT_EQ(dialogs.prompts.back(), "Enter Observing Notes for Vesta - a blank line exits");
-}
 
-TEST_F(ObservingLogTest, UnwritableLogIsReported) {
   s.files.installDir = dir.path() + "/missing/";
+  s.program.lastLoggedName = "";
   EXPECT_FALSE(WriteLogEntry(s, dialogs, "note"));
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("No such file or directory"), std::string::npos);
