@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "tests/scope/wire_harness.h"
 
 namespace astel::testing {
@@ -20,6 +22,18 @@ struct MotionHarness : WireHarness {
     for (const MotorCommand& m : sim.Mount().motions)
       result.push_back({m.axis, m.direction, m.rate});
     return result;
+  }
+  // Presses and releases a button ('U'p, 'D'own, 'L'eft or 'R'ight), then lets the pause end.
+  void Click(char button) {
+    using L = MoveScopeLogic;
+    const std::map<char, std::pair<void (L::*)(int), void (L::*)(int)>> actions = {
+        {'U', {&L::UpDown, &L::UpUp}},
+        {'D', {&L::DownDown, &L::DownUp}},
+        {'L', {&L::LeftDown, &L::LeftUp}},
+        {'R', {&L::RightDown, &L::RightUp}}};
+    (logic.*actions.at(button).first)(kLeftMouse);
+    (logic.*actions.at(button).second)(kLeftMouse);
+    logic.PauseTimeout();
   }
   FakeTimer safety;
   FakeTimer pause;
@@ -57,43 +71,31 @@ TEST(MoveScope, HoldingUpMovesTheAltitudeAxisUntilReleased) {
 }
 
 TEST(MoveScope, ButtonsAndReversingSwitchesPickAxisAndDirection) {
-  struct Row {
+  const struct {
     const char* legend;
-    void (MoveScopeLogic::*press)(int);
-    void (MoveScopeLogic::*release)(int);
+    char button;
     bool reverseUpDown, reverseLeftRight;
     int axis, direction;
-  };
-  const Row rows[] = {
-      {"up", &MoveScopeLogic::UpDown, &MoveScopeLogic::UpUp, false, false, kAltitude, kPositive},
-      {"up reversed", &MoveScopeLogic::UpDown, &MoveScopeLogic::UpUp, true, false, kAltitude,
-       kNegative},
-      {"down", &MoveScopeLogic::DownDown, &MoveScopeLogic::DownUp, false, false, kAltitude,
-       kNegative},
-      {"down reversed", &MoveScopeLogic::DownDown, &MoveScopeLogic::DownUp, true, false, kAltitude,
-       kPositive},
-      {"left", &MoveScopeLogic::LeftDown, &MoveScopeLogic::LeftUp, false, false, kAzimuth,
-       kNegative},
-      {"left reversed", &MoveScopeLogic::LeftDown, &MoveScopeLogic::LeftUp, false, true, kAzimuth,
-       kPositive},
-      {"right", &MoveScopeLogic::RightDown, &MoveScopeLogic::RightUp, false, false, kAzimuth,
-       kPositive},
-      {"right reversed", &MoveScopeLogic::RightDown, &MoveScopeLogic::RightUp, false, true,
-       kAzimuth, kNegative},
-      {"up with only left-right reversed", &MoveScopeLogic::UpDown, &MoveScopeLogic::UpUp, false,
-       true, kAltitude, kPositive},
+  } rows[] = {
+      {"up", 'U', false, false, kAltitude, kPositive},
+      {"up reversed", 'U', true, false, kAltitude, kNegative},
+      {"down", 'D', false, false, kAltitude, kNegative},
+      {"down reversed", 'D', true, false, kAltitude, kPositive},
+      {"left", 'L', false, false, kAzimuth, kNegative},
+      {"left reversed", 'L', false, true, kAzimuth, kPositive},
+      {"right", 'R', false, false, kAzimuth, kPositive},
+      {"right reversed", 'R', false, true, kAzimuth, kNegative},
+      {"up with only left-right reversed", 'U', false, true, kAltitude, kPositive},
   };
   MotionHarness h;
   ASSERT_SIM_STARTED(h);
   h.logic.SetRateIndex(2);
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
     h.logic.SetReverseUpDown(row.reverseUpDown);
     h.logic.SetReverseLeftRight(row.reverseLeftRight);
     const std::size_t before = h.Motions().size();
-    (h.logic.*row.press)(kLeftMouse);
-    (h.logic.*row.release)(kLeftMouse);
-    h.logic.PauseTimeout();
+    h.Click(row.button);
     auto motions = h.Motions();
     ASSERT_EQ(motions.size(), before + 2);
     EXPECT_EQ(motions[before], (std::vector<int>{row.axis, row.direction, 3}));
@@ -121,37 +123,28 @@ TEST(MoveScope, OtherTelescopesAndOtherMouseButtonsSendNothing) {
   EXPECT_TRUE(h.state.form.commandButtonsEnabled);
 }
 
-TEST(MoveScope, APressDuringThePauseStartsNothingIfReleasedBeforeItEnds) {
-  MotionHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.logic.LeftDown(kLeftMouse);
-  h.logic.LeftUp(kLeftMouse);
-  ASSERT_EQ(h.Motions().size(), 2u);
-  int passes = 0;
-  h.events.onDoEvents = [&] {
-    if (++passes == 3) h.logic.RightUp(kLeftMouse);  // released while still waiting
-  };
-  h.logic.RightDown(kLeftMouse);
-  auto motions = h.Motions();
-  ASSERT_EQ(motions.size(), 3u) << "only the release's stop went out";
-  EXPECT_EQ(motions[2][2], 0);
-  EXPECT_FALSE(h.safety.running);
-}
-
-TEST(MoveScope, APressHeldPastThePauseStartsWhenThePauseEnds) {
-  MotionHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.logic.LeftDown(kLeftMouse);
-  h.logic.LeftUp(kLeftMouse);
-  int passes = 0;
-  h.events.onDoEvents = [&] {
-    if (++passes == 3) h.logic.PauseTimeout();
-  };
-  h.logic.RightDown(kLeftMouse);
-  auto motions = h.Motions();
-  ASSERT_EQ(motions.size(), 3u);
-  EXPECT_EQ(motions[2], (std::vector<int>{kAzimuth, kPositive, 9}));
-  EXPECT_TRUE(h.safety.running);
+TEST(MoveScope, APressDuringThePauseWaitsForItsEndUnlessReleasedFirst) {
+  for (bool releasedFirst : {true, false}) {
+    SCOPED_TRACE(releasedFirst ? "released while waiting" : "held past the pause");
+    MotionHarness h;
+    ASSERT_SIM_STARTED(h);
+    h.logic.LeftDown(kLeftMouse);
+    h.logic.LeftUp(kLeftMouse);
+    int passes = 0;
+    h.events.onDoEvents = [&] {
+      if (++passes != 3) return;
+      if (releasedFirst)
+        h.logic.RightUp(kLeftMouse);
+      else
+        h.logic.PauseTimeout();
+    };
+    h.logic.RightDown(kLeftMouse);
+    auto motions = h.Motions();
+    ASSERT_EQ(motions.size(), 3u);
+    EXPECT_EQ(motions[2], (std::vector<int>{kAzimuth, kPositive, releasedFirst ? 0 : 9}))
+        << "only the release's stop, or the motion";
+    EXPECT_EQ(h.safety.running, !releasedFirst);
+  }
 }
 
 TEST(MoveScope, TheSafetyTimerStopsAMotionThatRunsTooLong) {
@@ -167,29 +160,27 @@ TEST(MoveScope, TheSafetyTimerStopsAMotionThatRunsTooLong) {
 }
 
 TEST(MoveScope, BadRepliesFailTheStartButTheReleaseStillStops) {
-  struct Row {
+  const struct {
     const char* legend;
     SimBehaviour behaviour;
     int port;
     const char* message;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"garbage", WithFault(ReplyFault::kGarbage), kPort, "Invalid Scope Response"},
       {"silence", WithFault(ReplyFault::kSilent), kPort,
        "No Scope response - Press 'Undo' on Hand Controller"},
       {"reply without its #", WithFault(ReplyFault::kShort), kPort,
        "No Scope response - Press 'Undo' on Hand Controller"},
-      {"no device", {}, 2, "UNABLE TO OPEN COM 2"},
+      {"no device", SimBehaviour(), 2, "UNABLE TO OPEN COM 2"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
     MotionHarness h(1, row.behaviour);
     ASSERT_SIM_STARTED(h);
     h.state.telescope.comPort = row.port;
     EXPECT_FALSE(h.logic.StartMotion(true, 1));
     EXPECT_FALSE(h.safety.running);
-    ASSERT_EQ(h.dialogs.Messages().size(), 1u);
-    EXPECT_EQ(h.dialogs.Messages()[0], row.message);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
     EXPECT_FALSE(h.comm.IsOpen(row.port));
     h.logic.StopMotion();
     EXPECT_EQ(h.Motions().size(), row.port == kPort ? 2u : 0u) << "the stop went out too";

@@ -19,7 +19,7 @@ std::uint16_t StepsOfHex(const std::string& text) {
 }
 
 // NexStar hand controller, version 2 and later: "R" goto, "J" aligned, "E" position,
-// "P" pass-through, "w"/"h" site and clock, "V" version.
+// "P" pass-through, "w"/"h" site and clock.
 class NexStarProtocol : public MountProtocol {
  public:
   std::optional<SimCommand> Feed(unsigned char byte, MountState& mount,
@@ -47,7 +47,6 @@ class NexStarProtocol : public MountProtocol {
       case 'E':
       case 'w':
       case 'h':
-      case 'V':
         return 1;
       default:
         return 0;
@@ -91,8 +90,6 @@ class NexStarProtocol : public MountProtocol {
                                                                      : mount.zoneHoursEast),
                            static_cast<char>(mount.daylight ? 1 : 0),
                            '#'};
-      case 'V':
-        return "\x04\x0A#";
       default:
         return "";
     }

@@ -55,7 +55,6 @@ class ScopeSimulator {
   std::vector<std::string> Commands() const;  // each complete command, in order
   int CountCommands(const std::string& bytes) const;
   void ClearRecords();
-  bool HungUp() const;
   // Waits (real time) until `count` commands have arrived; false on time-out.
   bool WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const;
 
