@@ -175,27 +175,8 @@ TEST(CommIO, EveryByteValuePassesUnchangedInBothDirections) {
   EXPECT_EQ(data, all) << "device to program: no echo, no XON/XOFF or signal characters eaten";
 }
 
-TEST(CommIO, TheModeStringReachesTheLine) {
-  WireHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  std::size_t commands = 0;
-  for (std::string_view mode : {kModeNexStarGoto, kModeGpsReceiver}) {
-    ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", mode), 0);
-    ASSERT_EQ(h.comm.CommWrite(kPort, "#:GL#"), 5);
-    // The mount notes the line settings when it reads: it must read before they change.
-    ASSERT_TRUE(h.sim.WaitForCommands(++commands, std::chrono::seconds(2)));
-    ASSERT_EQ(h.comm.CommClose(kPort), 0);
-  }
-  auto bytes = h.sim.Received();
-  ASSERT_EQ(bytes.size(), 10u);
-  EXPECT_TRUE(bytes.front().twoStopBits);
-  EXPECT_EQ(bytes.front().baud, 9600);
-  EXPECT_FALSE(bytes.back().twoStopBits);
-  EXPECT_EQ(bytes.back().baud, 4800);
-}
-
-TEST(CommIO, PortNumbersOutsideOneToFourFailInEveryOperation) {
-  FixedDevice rig("/dev/null");
+TEST(CommIO, OpenFailuresAreRecordedAndExplained) {
+  FixedDevice rig("/nonexistent/ttyUSB1");
   CommPorts& comm = rig.comm;
   for (int port : {0, 5, 8, -1}) {
     SCOPED_TRACE(port);
@@ -210,11 +191,7 @@ TEST(CommIO, PortNumbersOutsideOneToFourFailInEveryOperation) {
   }
   EXPECT_NE(rig.diagnostics.str().find("COM5"), std::string::npos);
   EXPECT_NE(rig.diagnostics.str().find("only COM1 to COM4"), std::string::npos);
-}
 
-TEST(CommIO, AMissingDeviceIsRecordedAndExplainedAndSurvivesTheCallersFlush) {
-  FixedDevice rig("/nonexistent/ttyUSB1");
-  CommPorts& comm = rig.comm;
   EXPECT_EQ(comm.CommOpen(2, "COM2", kMode), ENOENT);
   EXPECT_FALSE(comm.IsOpen(2));
   EXPECT_NE(comm.CommFlush(2), 0);
@@ -243,28 +220,11 @@ TEST(CommIO, ComPortsFollowTheEnvironment) {
   EXPECT_EQ(::read(device.Master(), buffer, sizeof buffer), 2);
 }
 
-TEST(CommIO, ADeviceWithoutPermissionSaysSoAndPointsAtTheDialoutGroup) {
+TEST(CommIO, AnOpenPortIsExclusiveAndAForbiddenOnePointsAtTheDialoutGroup) {
   PtyEndpoint device;
   ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  ASSERT_EQ(::chmod(device.SlavePath().c_str(), ::geteuid() == 0 ? 0600 : 0000), 0);
   const std::string path = device.SlavePath();
-  std::string result = AsAnotherUser([&] {
-    FixedDevice rig(path);
-    int status = rig.comm.CommOpen(kPort, "COM1", kMode);
-    return std::to_string(status) + "|" + rig.comm.LastError().source + "|" +
-           rig.comm.LastError().message + "|" + rig.diagnostics.str();
-  });
-  EXPECT_EQ(result.substr(0, result.find('|')), std::to_string(EACCES)) << result;
-  EXPECT_NE(result.find("|CommOpen (CreateFile)|Permission denied|"), std::string::npos) << result;
-  EXPECT_NE(result.find("dialout"), std::string::npos) << result;
-}
-
-TEST(CommIO, AnOpenPortIsExclusiveUntilClosed) {
-  PtyEndpoint device;
-  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  ASSERT_EQ(::chmod(device.SlavePath().c_str(), 0666), 0);
-  FixedDevice rig(device.SlavePath());
-  const std::string path = device.SlavePath();
+  ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
   auto otherProgramOpens = [&] {
     return AsAnotherUser([&] {
       int fd = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
@@ -273,10 +233,22 @@ TEST(CommIO, AnOpenPortIsExclusiveUntilClosed) {
       return outcome;
     });
   };
+  FixedDevice rig(path);
   ASSERT_EQ(rig.comm.CommOpen(kPort, "COM1", kMode), 0);
   EXPECT_EQ(otherProgramOpens(), "Device or resource busy");
   ASSERT_EQ(rig.comm.CommClose(kPort), 0);
   EXPECT_EQ(otherProgramOpens(), "opened") << "exclusivity ends with the close";
+
+  ASSERT_EQ(::chmod(path.c_str(), ::geteuid() == 0 ? 0600 : 0000), 0);
+  std::string result = AsAnotherUser([&] {
+    FixedDevice forbidden(path);
+    int status = forbidden.comm.CommOpen(kPort, "COM1", kMode);
+    return std::to_string(status) + "|" + forbidden.comm.LastError().source + "|" +
+           forbidden.comm.LastError().message + "|" + forbidden.diagnostics.str();
+  });
+  EXPECT_EQ(result.substr(0, result.find('|')), std::to_string(EACCES)) << result;
+  EXPECT_NE(result.find("|CommOpen (CreateFile)|Permission denied|"), std::string::npos) << result;
+  EXPECT_NE(result.find("dialout"), std::string::npos) << result;
 }
 
 TEST(CommIO, AHungUpLineFailsTransfersWithTheirSources) {

@@ -101,25 +101,5 @@ TEST(GotoEncoding, Lx200NumbersKeepTheirPointUnderADecimalCommaLocale) {
   EXPECT_EQ(ra, "#:Sr 05:34.5#");
 }
 
-TEST(GotoTransfers, EachFamilySendsItsWritesWithTheirPacingAndCounts) {
-  const struct {
-    int type;
-    const char* writes;  // each write as "pause before in ms/expected count"
-  } rows[] = {
-      {0, "5/0"},           {1, "5/0 5/1 5/1 5/1 5/1 5/1 5/1 5/1 5/1 5/1 5/1"},
-      {2, "0/1 5/0 0/5"},   {3, "5/0 0/7"},
-      {4, "0/13 0/12 0/5"}, {7, "0/13 0/12 0/5"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.type);
-    std::string writes;
-    for (const Transfer& t : GotoTransfers(row.type, Object(5, 34.5, -5, 23, 1))) {
-      writes += std::to_string(t.pauseBeforeMs) + "/" + std::to_string(t.expectedCount) + " ";
-      EXPECT_EQ(t.bytes.size(), static_cast<std::size_t>(t.expectedCount));
-    }
-    EXPECT_EQ(writes, row.writes + std::string(" "));
-  }
-}
-
 }  // namespace
 }  // namespace astel

@@ -125,9 +125,7 @@ TEST(GpsLoad, FailuresLeaveThePlaceAsItWas) {
   EXPECT_EQ(missing.dialogs.Messages(), Shown("UNABLE TO OPEN COM 2"));
   EXPECT_TRUE(missing.PlaceUntouched());
 
-  FeederOptions unplugged;
-  unplugged.hangUpAfterSentences = 1;
-  GpsHarness h({kNoFix, kValid}, unplugged);
+  GpsHarness h({kNoFix, kValid}, {.hangUpAfterSentences = 1});  // unplugged
   ASSERT_SIM_STARTED(h);
   EXPECT_EQ(h.Load(), LoadOutcome::kFailed);
   EXPECT_EQ(h.dialogs.Messages(), Shown("GPS Reading Unsuccessful"));
@@ -136,9 +134,7 @@ TEST(GpsLoad, FailuresLeaveThePlaceAsItWas) {
 }
 
 TEST(GpsLoad, WithoutAFixOnlyClosingTheWindowEndsTheReading) {
-  FeederOptions repeat;
-  repeat.repeat = true;
-  GpsHarness h({kNoFix, kOtherSentence}, repeat);
+  GpsHarness h({kNoFix, kOtherSentence}, {.repeat = true});
   ASSERT_SIM_STARTED(h);
   h.CloseWindowWhen([&] { return h.feeder.SentCount() >= 6; });
   EXPECT_EQ(h.Load(), LoadOutcome::kCancelled);

@@ -138,9 +138,7 @@ TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
 }
 
 TEST(UploadMeade, ATelescopeRefusingTheDecimalOffsetGetsWholeHours) {
-  SimBehaviour behaviour;
-  behaviour.rules.refuseOffsetForms = 1;
-  UploadHarness h(behaviour);
+  UploadHarness h({.rules = {.refuseOffsetForms = 1}});
   ASSERT_SIM_STARTED(h);
   EXPECT_TRUE(h.Upload());
   EXPECT_EQ(h.sim.CountCommands(":SG+05.0#"), 1);
@@ -161,9 +159,7 @@ TEST(UploadMeade, RefusalsEndTheUploadWithTheStepsErrorAndTheReply) {
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
-    SimBehaviour behaviour;
-    behaviour.rules = row.rules;
-    UploadHarness h(behaviour);
+    UploadHarness h({.rules = row.rules});
     ASSERT_SIM_STARTED(h);
     EXPECT_FALSE(h.Upload());
     EXPECT_EQ(h.dialogs.Messages(), std::vector<std::string>{row.message});
@@ -199,9 +195,7 @@ TEST(UploadMeade, RefusedOutsideRealTimeAndInTheLastSecondsBeforeMidnight) {
 }
 
 TEST(UploadMeade, EachStepIsSentAgainUntilTheTelescopeAnswersOrTheWindowCloses) {
-  SimBehaviour behaviour;
-  behaviour.ignoreFirstQueries = 2;
-  UploadHarness h(behaviour);
+  UploadHarness h({.ignoreFirstQueries = 2});
   ASSERT_SIM_STARTED(h);
   EXPECT_TRUE(h.Upload());
   EXPECT_EQ(h.sim.CountCommands(":Sg 348*29#"), 3);
@@ -229,9 +223,7 @@ TEST(UploadMeade, AHangUpIsReportedExceptForASiteWriteOfAnUploadNotStartedByTheU
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
-    SimBehaviour behaviour;
-    behaviour.hangUpAfterBytes = row.hangUpAfterBytes;
-    UploadHarness h(behaviour);
+    UploadHarness h({.hangUpAfterBytes = row.hangUpAfterBytes});
     ASSERT_SIM_STARTED(h);
     EXPECT_FALSE(h.Upload(row.fromUploadButton));
     EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));

@@ -59,17 +59,14 @@ TEST(CelestronLoad, ReadsAnAlignedMountsPositionWithTheDeclinationUnfolded) {
 }
 
 TEST(CelestronLoad, QueriesAreSentAgainUntilTheMountAnswers) {
-  SimBehaviour behaviour;
-  behaviour.ignoreFirstQueries = 3;
-  ReadbackHarness h(1, behaviour);
+  ReadbackHarness h(1, {.ignoreFirstQueries = 3});
   ASSERT_SIM_STARTED(h);
   EXPECT_TRUE(CelestronLoad(h.context, h.monitor, true));
   EXPECT_EQ(h.sim.ReceivedBytes(), "JJJJE");
 }
 
 TEST(CelestronLoad, FailuresKeepTheObjectAndSaySoWhenTheyShould) {
-  SimBehaviour hangUp;
-  hangUp.hangUpAfterBytes = 1;
+  const SimBehaviour hangUp{.hangUpAfterBytes = 1};
   const struct {
     const char* legend;
     SimBehaviour behaviour;
@@ -129,9 +126,7 @@ TEST(PositionReadback, AShortReplyIsAskedForAgainUntilTheWindowCloses) {
   } rows[] = {{1, "E", "E"}, {4, ":GD", ":GD#"}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.query);
-    SimBehaviour behaviour = WithFault(ReplyFault::kShort);
-    behaviour.faultOnlyFor = row.faultOnlyFor;
-    ReadbackHarness h(row.type, behaviour);
+    ReadbackHarness h(row.type, {.fault = ReplyFault::kShort, .faultOnlyFor = row.faultOnlyFor});
     ASSERT_SIM_STARTED(h);
     h.CloseWindowWhen([&] { return h.sim.CountCommands(row.query) >= 3; });
     EXPECT_FALSE(row.type == 1 ? CelestronLoad(h.context, h.monitor, true)

@@ -14,19 +14,14 @@ constexpr int kArcsec = 3600;
 
 TEST(ScopeSiteReplies, Lx200AnglesOffsetsDatesAndTimes) {
   EXPECT_EQ(DecodeLx200Angle("+48*07#"), 48 * kArcsec + 7 * 60);
-  EXPECT_EQ(DecodeLx200Angle("-00\xDF"
-                             "30#"),
-            -30 * 60)
-      << "the telescope's degree character; -0 keeps its sign";
+  // \337 is 0xDF, the degree sign an LX200 sends; -0 keeps its sign.
+  EXPECT_EQ(DecodeLx200Angle("-00\33730#"), -30 * 60);
   EXPECT_EQ(DecodeLx200Angle("+48*07'30#"), 48 * kArcsec + 7 * 60 + 30) << "high precision";
   EXPECT_EQ(DecodeLx200Angle("+48*07"), std::nullopt) << "no closing #";
   EXPECT_EQ(DecodeLx200Angle("+4X*07#"), std::nullopt);
   EXPECT_EQ(DecodeLx200Angle("+48*75#"), std::nullopt);
 
-  EXPECT_EQ(DecodeLx200Longitude("348\xDF"
-                                 "29#"),
-            -(11 * kArcsec + 31 * 60))
-      << "counted westward past 180: east";
+  EXPECT_EQ(DecodeLx200Longitude("348\33729#"), -(11 * kArcsec + 31 * 60)) << "westward past 180";
   EXPECT_EQ(DecodeLx200Longitude("+075*30#"), 75 * kArcsec + 30 * 60);
   EXPECT_EQ(DecodeLx200Longitude("-011*31#"), -(11 * kArcsec + 31 * 60)) << "signed, east < 0";
 
@@ -87,20 +82,18 @@ TEST(ScopeSiteReplies, UtcOfALocalClockReading) {
 struct ScopeGpsHarness : WireHarness {
   explicit ScopeGpsHarness(int type, SimBehaviour behaviour = {}) : WireHarness(type, behaviour) {
     clock.now = {2005, 3, 23, 21, 30, 1};
-    MountState mount;
-    mount.lxLatitudeArcmin = 48 * 60 + 7;
-    mount.lxLongitudeArcmin = 348 * 60 + 29;
-    mount.lxUtcOffsetHours = 5;
-    mount.latitudeDegrees = 48;
-    mount.latitudeMinutes = 7;
-    mount.latitudeSeconds = 30;
-    mount.longitudeDegrees = 11;
-    mount.longitudeMinutes = 31;
-    mount.longitudeSeconds = 0;
-    mount.west = false;
-    mount.zoneHoursEast = -5;
-    mount.daylight = true;
-    sim.SetMount(mount);
+    sim.SetMount({.latitudeDegrees = 48,
+                  .latitudeMinutes = 7,
+                  .latitudeSeconds = 30,
+                  .longitudeDegrees = 11,
+                  .longitudeMinutes = 31,
+                  .longitudeSeconds = 0,
+                  .west = false,
+                  .zoneHoursEast = -5,
+                  .daylight = true,
+                  .lxLatitudeArcmin = 48 * 60 + 7,
+                  .lxLongitudeArcmin = 348 * 60 + 29,
+                  .lxUtcOffsetHours = 5});
   }
   LoadOutcome Load() { return ScopeGpsLoad(context, monitor); }
   std::vector<int> SetTime() const {
@@ -185,8 +178,7 @@ TEST(ScopeGpsLoad, TheClockIsLeftAloneForTheLocationOnlyAndARefusalIsReported) {
 }
 
 TEST(ScopeGpsLoad, FailuresShowTheirMessageAndChangeNothing) {
-  SimBehaviour hangUp;
-  hangUp.hangUpAfterBytes = 1;
+  const SimBehaviour hangUp{.hangUpAfterBytes = 1};
   const struct {
     const char* legend;
     int type;

@@ -80,7 +80,6 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
       received_.push_back(
           {bytes[i], now, (line.c_cflag & CSTOPB) != 0, BaudOf(cfgetispeed(&line))});
-      if (onByte) onByte(bytes[i]);
       if (behaviour_.hangUpAfterBytes >= 0 &&
           static_cast<int>(received_.size()) >= behaviour_.hangUpAfterBytes) {
         hungUp_ = true;
