@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
 #include <thread>
 
@@ -203,21 +202,6 @@ TEST(CommIO, OpenFailuresAreRecordedAndExplained) {
   EXPECT_NE(told.find("COM2 (/nonexistent/ttyUSB1)"), std::string::npos) << told;
   EXPECT_NE(told.find("No such file or directory"), std::string::npos) << told;
   EXPECT_NE(told.find("set ASTEL_COM2 to the device path"), std::string::npos) << told;
-}
-
-TEST(CommIO, ComPortsFollowTheEnvironment) {
-  PtyEndpoint device;
-  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  ::setenv("ASTEL_COM3", device.SlavePath().c_str(), 1);
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics);
-  EXPECT_EQ(comm.CommOpen(3, "COM3", kMode), 0) << diagnostics.str();
-  ::unsetenv("ASTEL_COM3");
-  EXPECT_EQ(comm.CommWrite(3, "ok"), 2);
-  Settle();
-  char buffer[8] = {};
-  EXPECT_EQ(::read(device.Master(), buffer, sizeof buffer), 2);
 }
 
 TEST(CommIO, AnOpenPortIsExclusiveAndAForbiddenOnePointsAtTheDialoutGroup) {

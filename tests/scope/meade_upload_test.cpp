@@ -137,32 +137,26 @@ TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
       << "the date's long answer is waited out once";
 }
 
-TEST(UploadMeade, ATelescopeRefusingTheDecimalOffsetGetsWholeHours) {
-  UploadHarness h({.rules = {.refuseOffsetForms = 1}});
-  ASSERT_SIM_STARTED(h);
-  EXPECT_TRUE(h.Upload());
-  EXPECT_EQ(h.sim.CountCommands(":SG+05.0#"), 1);
-  EXPECT_EQ(h.sim.CountCommands(":SG+05#"), 1);
-  EXPECT_EQ(h.sim.CountCommands(":SL 21:05:09#"), 1);
-  EXPECT_EQ(h.dialogs.shown.size(), 0u);
-}
-
-TEST(UploadMeade, RefusalsEndTheUploadWithTheStepsErrorAndTheReply) {
+TEST(UploadMeade, StepsAreSentAgainUntilAnsweredAndARefusalEndsTheUploadWithTheReply) {
   const struct {
     const char* legend;
-    MountRules rules;
+    int ignoreFirstQueries, refuseOffsetForms;
+    bool refuseAllSets;
     const char* message;
     std::size_t commandsSent;
   } rows[] = {
-      {"both offset forms refused", {2, false}, "Invalid Scope Response to Set GMT Offset= 0", 4},
-      {"longitude refused", {0, true}, "Invalid Scope Response to Set Longitude=0", 1},
+      {"the longitude sent three times", 2, 0, false, nullptr, 7},
+      {"decimal offset refused: whole hours", 0, 1, false, nullptr, 6},
+      {"both offset forms refused", 0, 2, false, "Invalid Scope Response to Set GMT Offset= 0", 4},
+      {"longitude refused", 0, 0, true, "Invalid Scope Response to Set Longitude=0", 1},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
-    UploadHarness h({.rules = row.rules});
+    UploadHarness h({.ignoreFirstQueries = row.ignoreFirstQueries,
+                     .rules = {row.refuseOffsetForms, row.refuseAllSets}});
     ASSERT_SIM_STARTED(h);
-    EXPECT_FALSE(h.Upload());
-    EXPECT_EQ(h.dialogs.Messages(), std::vector<std::string>{row.message});
+    EXPECT_EQ(h.Upload(), row.message == nullptr);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
     EXPECT_EQ(h.sim.Commands().size(), row.commandsSent);
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
@@ -194,20 +188,14 @@ TEST(UploadMeade, RefusedOutsideRealTimeAndInTheLastSecondsBeforeMidnight) {
   }
 }
 
-TEST(UploadMeade, EachStepIsSentAgainUntilTheTelescopeAnswersOrTheWindowCloses) {
-  UploadHarness h({.ignoreFirstQueries = 2});
+TEST(UploadMeade, ClosingTheWindowEndsTheWaitForASilentTelescope) {
+  UploadHarness h(WithFault(ReplyFault::kSilent));
   ASSERT_SIM_STARTED(h);
-  EXPECT_TRUE(h.Upload());
-  EXPECT_EQ(h.sim.CountCommands(":Sg 348*29#"), 3);
-  EXPECT_EQ(h.sim.CountCommands(":St +48*07#"), 1);
-
-  UploadHarness silent(WithFault(ReplyFault::kSilent));
-  ASSERT_SIM_STARTED(silent);
-  silent.CloseWindowWhen([&] { return silent.sim.CountCommands(":Sg 348*29#") >= 3; });
-  EXPECT_FALSE(silent.Upload());
-  EXPECT_EQ(silent.dialogs.shown.size(), 0u) << "closing the window is not an error";
-  EXPECT_FALSE(silent.comm.IsOpen(kPort));
-  EXPECT_EQ(silent.sim.CountCommands(":St +48*07#"), 0);
+  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Sg 348*29#") >= 3; });
+  EXPECT_FALSE(h.Upload());
+  EXPECT_EQ(h.dialogs.shown.size(), 0u) << "closing the window is not an error";
+  EXPECT_FALSE(h.comm.IsOpen(kPort));
+  EXPECT_EQ(h.sim.CountCommands(":St +48*07#"), 0);
 }
 
 TEST(UploadMeade, AHangUpIsReportedExceptForASiteWriteOfAnUploadNotStartedByTheUser) {

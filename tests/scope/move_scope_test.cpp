@@ -4,13 +4,14 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
+#include <utility>
 
 #include "tests/scope/wire_harness.h"
 
 namespace astel::testing {
 namespace {
 
+using enum MoveButton;
 constexpr int kAltitude = 17, kAzimuth = 16, kPositive = 36, kNegative = 37;
 
 struct MotionHarness : WireHarness {
@@ -23,16 +24,16 @@ struct MotionHarness : WireHarness {
       result.push_back({m.axis, m.direction, m.rate});
     return result;
   }
-  // Presses and releases a button ('U'p, 'D'own, 'L'eft or 'R'ight), then lets the pause end.
-  void Click(char button) {
+  // Presses and releases a button, then lets the pause end.
+  void Click(MoveButton button) {
     using L = MoveScopeLogic;
-    const std::map<char, std::pair<void (L::*)(int), void (L::*)(int)>> actions = {
-        {'U', {&L::UpDown, &L::UpUp}},
-        {'D', {&L::DownDown, &L::DownUp}},
-        {'L', {&L::LeftDown, &L::LeftUp}},
-        {'R', {&L::RightDown, &L::RightUp}}};
-    (logic.*actions.at(button).first)(kLeftMouse);
-    (logic.*actions.at(button).second)(kLeftMouse);
+    const std::pair<void (L::*)(int), void (L::*)(int)> actions[] = {{&L::UpDown, &L::UpUp},
+                                                                     {&L::DownDown, &L::DownUp},
+                                                                     {&L::LeftDown, &L::LeftUp},
+                                                                     {&L::RightDown, &L::RightUp}};
+    auto [press, release] = actions[static_cast<int>(button)];
+    (logic.*press)(kLeftMouse);
+    (logic.*release)(kLeftMouse);
     logic.PauseTimeout();
   }
   FakeTimer safety;
@@ -73,19 +74,19 @@ TEST(MoveScope, HoldingUpMovesTheAltitudeAxisUntilReleased) {
 TEST(MoveScope, ButtonsAndReversingSwitchesPickAxisAndDirection) {
   const struct {
     const char* legend;
-    char button;
+    MoveButton button;
     bool reverseUpDown, reverseLeftRight;
     int axis, direction;
   } rows[] = {
-      {"up", 'U', false, false, kAltitude, kPositive},
-      {"up reversed", 'U', true, false, kAltitude, kNegative},
-      {"down", 'D', false, false, kAltitude, kNegative},
-      {"down reversed", 'D', true, false, kAltitude, kPositive},
-      {"left", 'L', false, false, kAzimuth, kNegative},
-      {"left reversed", 'L', false, true, kAzimuth, kPositive},
-      {"right", 'R', false, false, kAzimuth, kPositive},
-      {"right reversed", 'R', false, true, kAzimuth, kNegative},
-      {"up with only left-right reversed", 'U', false, true, kAltitude, kPositive},
+      {"up", kUp, false, false, kAltitude, kPositive},
+      {"up reversed", kUp, true, false, kAltitude, kNegative},
+      {"down", kDown, false, false, kAltitude, kNegative},
+      {"down reversed", kDown, true, false, kAltitude, kPositive},
+      {"left", kLeft, false, false, kAzimuth, kNegative},
+      {"left reversed", kLeft, false, true, kAzimuth, kPositive},
+      {"right", kRight, false, false, kAzimuth, kPositive},
+      {"right reversed", kRight, false, true, kAzimuth, kNegative},
+      {"up with only left-right reversed", kUp, false, true, kAltitude, kPositive},
   };
   MotionHarness h;
   ASSERT_SIM_STARTED(h);
@@ -147,18 +148,6 @@ TEST(MoveScope, APressDuringThePauseWaitsForItsEndUnlessReleasedFirst) {
   }
 }
 
-TEST(MoveScope, TheSafetyTimerStopsAMotionThatRunsTooLong) {
-  MotionHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.logic.DownDown(kLeftMouse);
-  h.logic.SafetyTimeout();
-  EXPECT_EQ(h.logic.General(), "Timeout - Safety Stop");
-  EXPECT_EQ(h.Motions().back(), (std::vector<int>{kAltitude, kPositive, 0}));
-  EXPECT_FALSE(h.safety.running);
-  EXPECT_TRUE(h.pause.running);
-  EXPECT_TRUE(h.state.form.commandButtonsEnabled);
-}
-
 TEST(MoveScope, BadRepliesFailTheStartButTheReleaseStillStops) {
   const struct {
     const char* legend;
@@ -167,8 +156,6 @@ TEST(MoveScope, BadRepliesFailTheStartButTheReleaseStillStops) {
     const char* message;
   } rows[] = {
       {"garbage", WithFault(ReplyFault::kGarbage), kPort, "Invalid Scope Response"},
-      {"silence", WithFault(ReplyFault::kSilent), kPort,
-       "No Scope response - Press 'Undo' on Hand Controller"},
       {"reply without its #", WithFault(ReplyFault::kShort), kPort,
        "No Scope response - Press 'Undo' on Hand Controller"},
       {"no device", SimBehaviour(), 2, "UNABLE TO OPEN COM 2"},
@@ -212,24 +199,39 @@ TEST(MoveScope, TheRemoteMouseDrivesTheChosenAxis) {
   EXPECT_EQ(h.logic.General(), " ");
 }
 
-TEST(MoveScope, ClosingTheWindowStopsARunningMotion) {
+TEST(MoveScope, TheSafetyTimerOrClosingTheWindowStopsAMotion) {
+  const struct {
+    const char* legend;
+    void (MoveScopeLogic::*stop)();
+    const char* general;
+    bool pauseFollows;
+  } rows[] = {
+      {"held for ten seconds", &MoveScopeLogic::SafetyTimeout, "Timeout - Safety Stop", true},
+      {"window closed", &MoveScopeLogic::Close, " ", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.legend);
+    MotionHarness h;
+    ASSERT_SIM_STARTED(h);
+    h.logic.DownDown(kLeftMouse);
+    (h.logic.*row.stop)();
+    EXPECT_EQ(h.logic.General(), row.general);
+    EXPECT_EQ(h.Motions().size(), 2u);
+    EXPECT_EQ(h.Motions().back(), (std::vector<int>{kAltitude, kPositive, 0}));
+    EXPECT_FALSE(h.safety.running);
+    EXPECT_EQ(h.pause.running, row.pauseFollows);
+    EXPECT_TRUE(h.state.form.commandButtonsEnabled);
+  }
+}
+
+TEST(MoveScope, LeavingOrClosingAnIdleWindowFreesTheButtonsAndSendsNothing) {
   MotionHarness h;
   ASSERT_SIM_STARTED(h);
-  h.logic.RightDown(kLeftMouse);
-  h.logic.Close();
-  EXPECT_EQ(h.Motions().size(), 2u);
-  EXPECT_EQ(h.Motions().back()[2], 0);
+  h.state.form.commandButtonsEnabled = false;
+  h.logic.Deactivate();
   EXPECT_TRUE(h.state.form.commandButtonsEnabled);
-  EXPECT_FALSE(h.safety.running);
-  EXPECT_FALSE(h.pause.running);
-
-  MotionHarness idle;
-  ASSERT_SIM_STARTED(idle);
-  idle.state.form.commandButtonsEnabled = false;
-  idle.logic.Deactivate();
-  EXPECT_TRUE(idle.state.form.commandButtonsEnabled) << "leaving the window frees the buttons";
-  idle.logic.Close();
-  EXPECT_EQ(idle.sim.ReceivedBytes(), "") << "nothing ran, nothing to stop";
+  h.logic.Close();
+  EXPECT_EQ(h.sim.ReceivedBytes(), "");
 }
 
 }  // namespace

@@ -137,7 +137,6 @@ TEST(ScopeForm, UploadRunsOnlyForLx200ModelsInRealTime) {
     const char* message;
   } rows[] = {
       {"Autostar", 402, true, "Successful Upload to Telescope"},
-      {"LX200 with GPS", 406, true, "Successful Upload to Telescope"},
       {"Celestron", 101, true, "Function not Available"},
       {"fictitious time", 402, false, "Must be in Real-Time Mode for Upload Operation"},
   };
