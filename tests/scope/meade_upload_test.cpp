@@ -41,12 +41,10 @@ TEST(MeadeUploadCommands, SiteCommandsCountLongitudeWestwardAllRoundTheCircle) {
   }
 }
 
-TEST(MeadeUploadCommands, OffsetDateAndTimeForms) {
-  EXPECT_EQ(EncodeMeadeOffset(5, false), "#:SG+05.0#");
+TEST(MeadeUploadCommands, OffsetAndTimeForms) {
   EXPECT_EQ(EncodeMeadeOffset(5, true), "#:SG+05#");
   EXPECT_EQ(EncodeMeadeOffset(-5.5, false), "#:SG-05.5#");
   EXPECT_EQ(EncodeMeadeOffset(0, false), "#:SG+00.0#");
-  EXPECT_EQ(EncodeMeadeDate("03", "23", "05"), "#:SC 03/23/05#");
   TimeState time;
   time.hourText = "7";
   time.minuteText = "05";

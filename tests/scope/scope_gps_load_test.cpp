@@ -12,8 +12,9 @@ namespace {
 
 constexpr int kArcsec = 3600;
 
+// The replies of a healthy mount are read in the exchanges below; here the other forms and
+// what must be refused.
 TEST(ScopeSiteReplies, Lx200AnglesOffsetsDatesAndTimes) {
-  EXPECT_EQ(DecodeLx200Angle("+48*07#"), 48 * kArcsec + 7 * 60);
   // \337 is 0xDF, the degree sign an LX200 sends; -0 keeps its sign.
   EXPECT_EQ(DecodeLx200Angle("-00\33730#"), -30 * 60);
   EXPECT_EQ(DecodeLx200Angle("+48*07'30#"), 48 * kArcsec + 7 * 60 + 30) << "high precision";
@@ -21,60 +22,21 @@ TEST(ScopeSiteReplies, Lx200AnglesOffsetsDatesAndTimes) {
   EXPECT_EQ(DecodeLx200Angle("+4X*07#"), std::nullopt);
   EXPECT_EQ(DecodeLx200Angle("+48*75#"), std::nullopt);
 
-  EXPECT_EQ(DecodeLx200Longitude("348\33729#"), -(11 * kArcsec + 31 * 60)) << "westward past 180";
   EXPECT_EQ(DecodeLx200Longitude("+075*30#"), 75 * kArcsec + 30 * 60);
   EXPECT_EQ(DecodeLx200Longitude("-011*31#"), -(11 * kArcsec + 31 * 60)) << "signed, east < 0";
 
-  EXPECT_EQ(DecodeLx200UtcOffset("+05#"), 5);
   EXPECT_EQ(DecodeLx200UtcOffset("-05.5#"), -5.5);
   EXPECT_EQ(DecodeLx200UtcOffset("+5x#"), std::nullopt);
   EXPECT_EQ(DecodeLx200UtcOffset("#"), std::nullopt);
 
-  auto date = DecodeLx200Date("03/23/05#");
-  ASSERT_TRUE(date);
-  EXPECT_EQ(date->month * 10000 + date->day * 100 + date->year2, 32305);
   EXPECT_EQ(DecodeLx200Date("13/23/05#"), std::nullopt);
   EXPECT_EQ(DecodeLx200Date("03-23-05#"), std::nullopt);
-  auto time = DecodeLx200Time("21:30:07#");
-  ASSERT_TRUE(time);
-  EXPECT_EQ(time->hour * 10000 + time->minute * 100 + time->second, 213007);
   EXPECT_EQ(DecodeLx200Time("24:00:00#"), std::nullopt);
 }
 
-TEST(ScopeSiteReplies, NexStarLocationAndTimeBytes) {
-  auto location = DecodeNexStarLocation(std::string("\x30\x07\x02\x00\x0B\x1F\x00\x00#", 9));
-  ASSERT_TRUE(location);
-  EXPECT_EQ(location->latitudeDegrees, 48);
-  EXPECT_FALSE(location->south);
-  EXPECT_EQ(location->longitudeDegrees, 11);
-  EXPECT_TRUE(location->east) << "0 is east";
-  EXPECT_EQ(DecodeNexStarLocation(std::string("\x30\x07\x02\x00\x0B\x1F\x00\x00?", 9)),
-            std::nullopt);
-
-  auto time = DecodeNexStarTime(std::string("\x15\x1E\x00\x03\x17\x05\xFB\x01#", 9));
-  ASSERT_TRUE(time);
-  EXPECT_EQ(time->zoneHoursEast, -5) << "256 - 5";
-  EXPECT_TRUE(time->daylight);
-  ScopeClockReading clock = ClockOfNexStarTime(*time, "2005");
-  EXPECT_EQ(clock.year, 2005);
-  EXPECT_EQ(clock.hoursToUtc, 4) << "EST in daylight time is four hours behind";
-}
-
-TEST(ScopeSiteReplies, UtcOfALocalClockReading) {
-  const struct {
-    const char* legend;
-    ScopeClockReading reading;  // y m d h m s, hours to UTC, date already Greenwich's
-    std::vector<int> utc;
-  } rows[] = {
-      {"west, into the next day", {2005, 3, 23, 21, 30, 0, 5, false}, {2005, 3, 24, 2, 30, 0}},
-      {"half-hour zone east, into the old year",
-       {2005, 1, 1, 3, 0, 0, -5.5, false},
-       {2004, 12, 31, 21, 30, 0}},
-      {"Greenwich date kept", {2005, 3, 24, 22, 0, 0, 5, true}, {2005, 3, 24, 3, 0, 0}},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(Fields(UtcOfScopeClock(row.reading)), row.utc) << row.legend;
-  }
+TEST(ScopeSiteReplies, UtcOfAHalfHourZoneEastBackIntoTheOldYear) {
+  EXPECT_EQ(Fields(UtcOfScopeClock({2005, 1, 1, 3, 0, 0, -5.5, false})),
+            (std::vector<int>{2004, 12, 31, 21, 30, 0}));
 }
 
 // The telescope stands 48 deg 7 min north, 11 deg 31 min east; its clock reads 21:30:00 on

@@ -21,9 +21,7 @@ namespace astel::testing {
 inline constexpr int kPort = 1;
 
 inline SimBehaviour WithFault(ReplyFault fault) {
-  SimBehaviour behaviour;
-  behaviour.fault = fault;
-  return behaviour;
+  return {.fault = fault};
 }
 
 // The messages expected of an exchange that shows at most one: none for nullptr.
@@ -31,6 +29,7 @@ inline std::vector<std::string> Shown(const char* message) {
   return message ? std::vector<std::string>{message} : std::vector<std::string>{};
 }
 
+// Year, month, day, hour, minute, second.
 inline std::vector<int> Fields(const UtcDateTime& t) {
   return {t.year, t.month, t.day, t.hour, t.minute, t.second};
 }
@@ -42,12 +41,9 @@ struct PortRig {
                return n == kPort ? device() : "/nonexistent/tty" + std::to_string(n);
              }),
         context{state, comm, dialogs, events, clock} {
-    // Real-time mode on a date the tests can reason about.
+    // Real-time mode, the display showing 23 March 2005, 21:05:09.
     state.telescope.comPort = kPort;
     state.time.realTimeMode = true;
-    state.time.year = 2005;
-    state.time.month = 3;
-    state.time.day = 23;
     state.time.yearText = "2005";
     state.time.monthText = "03";
     state.time.dayText = "23";
