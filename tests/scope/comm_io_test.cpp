@@ -6,19 +6,14 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <functional>
-#include <sstream>
 #include <thread>
 
-#include "scope/scope_link.h"
 #include "tests/scope/wire_harness.h"
 #include "tests/support/pty_endpoint.h"
 
@@ -26,8 +21,10 @@ namespace astel::testing {
 namespace {
 
 constexpr std::string_view kMode = kModeTelescope;
-// A read with nothing waiting must come back long before the one-second read time-out.
-constexpr auto kClearlyImmediate = std::chrono::milliseconds(500);
+
+void Settle() {
+  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+}
 
 int OpenDescriptorCount() {
   int count = 0;
@@ -52,6 +49,15 @@ std::string ReadReply(CommPorts& comm, std::size_t length) {
   return all;
 }
 
+// CommPorts with every port behind one fixed device path.
+struct FixedDevice {
+  explicit FixedDevice(std::string path)
+      : comm(events, diagnostics, [path](int) { return path; }) {}
+  FakeEvents events;
+  std::ostringstream diagnostics;
+  CommPorts comm;
+};
+
 // Runs `body` in a child process as the unprivileged user "nobody" (as ourselves when we are not
 // root); returns what the child wrote to its pipe.
 std::string AsAnotherUser(const std::function<std::string()>& body) {
@@ -72,8 +78,7 @@ std::string AsAnotherUser(const std::function<std::string()>& body) {
   while ((count = ::read(pipeFds[0], buffer, sizeof buffer)) > 0)
     result.append(buffer, static_cast<std::size_t>(count));
   ::close(pipeFds[0]);
-  int status = 0;
-  ::waitpid(child, &status, 0);
+  ::waitpid(child, nullptr, 0);
   return result;
 }
 
@@ -84,7 +89,7 @@ TEST(CommIO, RepeatedOpenAndCloseCyclesWorkEveryTimeAndLeakNothing) {
   constexpr int kCycles = 40;
   for (int cycle = 0; cycle < kCycles; ++cycle) {
     SCOPED_TRACE(cycle);
-    ASSERT_EQ(h.comm.CommClose(kPort), 0);
+    ASSERT_EQ(h.comm.CommClose(kPort), 0) << "also when the port is not open";
     ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0) << h.comm.LastError().message;
     ASSERT_EQ(h.comm.CommFlush(kPort), 0);
     ASSERT_EQ(h.comm.CommWrite(kPort, "#:GL#"), 5);
@@ -97,9 +102,15 @@ TEST(CommIO, RepeatedOpenAndCloseCyclesWorkEveryTimeAndLeakNothing) {
   EXPECT_EQ(h.diagnostics.str(), "") << "no failure, nothing reported";
 }
 
-TEST(CommIO, OpeningAnOpenPortFailsAndLeavesTheFirstOpenWorking) {
+TEST(CommIO, ASecondOpenOrAnUnparseableModeFailsAndTheFirstOpenStands) {
   WireHarness h(4);
   ASSERT_SIM_STARTED(h);
+  EXPECT_NE(h.comm.CommOpen(kPort, "COM1", "baud=fast parity=N"), 0);
+  EXPECT_EQ(h.comm.LastError().source, "CommOpen (BuildCommDCB)");
+  EXPECT_EQ(h.comm.LastError().message, "Invalid argument");
+  EXPECT_TRUE(h.comm.IsOpen(kPort)) << "open until closed";
+  EXPECT_EQ(h.comm.CommClose(kPort), 0);
+
   ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
   EXPECT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), -1);
   EXPECT_EQ(h.comm.LastError().code, -1);
@@ -109,74 +120,44 @@ TEST(CommIO, OpeningAnOpenPortFailsAndLeavesTheFirstOpenWorking) {
   EXPECT_EQ(ReadReply(h.comm, 9), "03/23/05#");
 }
 
-TEST(CommIO, AnUnparseableModeFailsAsBuildCommDcbAndLeavesThePortOpenUntilClosed) {
-  WireHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  EXPECT_NE(h.comm.CommOpen(kPort, "COM1", "baud=fast parity=N"), 0);
-  EXPECT_EQ(h.comm.LastError().source, "CommOpen (BuildCommDCB)");
-  EXPECT_EQ(h.comm.LastError().message, "Invalid argument");
-  EXPECT_TRUE(h.comm.IsOpen(kPort));
-  EXPECT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), -1) << "still marked open";
-  EXPECT_EQ(h.comm.CommClose(kPort), 0);
-  EXPECT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
-}
-
-TEST(CommIO, AReadWithNothingWaitingReturnsAtOnceWithNothing) {
-  WireHarness h(4);
+TEST(CommIO, ReadsTakeWhatHasArrivedAndNeverWaitForNothing) {
+  WireHarness h(4, WithFault(ReplyFault::kShort));  // every reply lacks its last byte
   ASSERT_SIM_STARTED(h);
   ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
   std::string data = "stale";
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(h.comm.CommRead(kPort, data, 10), 0);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, kClearlyImmediate);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500))
+      << "long before the one-second read time-out";
   EXPECT_EQ(data, "");
   EXPECT_EQ(h.events.doEventsCount, 1) << "one event pass before every read";
-}
 
-TEST(CommIO, AReadTakesEverythingWaitingWhenMoreThanRequestedHasArrived) {
-  WireHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
+  EXPECT_EQ(h.comm.CommWrite(kPort, ""), 0);
+  EXPECT_EQ(h.events.doEventsCount, 12) << "events run eleven times around every write";
+
   ASSERT_EQ(h.comm.CommWrite(kPort, "#:GL##:GC#"), 10);
   ASSERT_TRUE(h.sim.WaitForCommands(2, std::chrono::seconds(2)));
-  std::this_thread::sleep_for(std::chrono::milliseconds(50));  // the replies cross the line
-  std::string data;
-  EXPECT_EQ(h.comm.CommRead(kPort, data, 3), 18);
-  EXPECT_EQ(data, "21:30:00#03/23/05#");
-}
+  Settle();
+  EXPECT_EQ(h.comm.CommRead(kPort, data, 3), 16) << "more waiting than requested: all of it";
+  EXPECT_EQ(data, "21:30:0003/23/05");
 
-TEST(CommIO, AReadReturnsWhatArrivedWhenTheRestNeverComes) {
-  WireHarness h(4, WithFault(ReplyFault::kShort));
-  ASSERT_SIM_STARTED(h);
-  ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
   ASSERT_EQ(h.comm.CommWrite(kPort, "#:GL#"), 5);
-  ASSERT_TRUE(h.sim.WaitForCommands(1, std::chrono::seconds(2)));
-  std::this_thread::sleep_for(std::chrono::milliseconds(50));
-  std::string data;
+  ASSERT_TRUE(h.sim.WaitForCommands(3, std::chrono::seconds(2)));
+  Settle();
   EXPECT_EQ(h.comm.CommRead(kPort, data, 9), 8) << "the read time-out ends the wait";
   EXPECT_EQ(data, "21:30:00");
-}
-
-TEST(CommIO, AZeroLengthWriteReturnsZero) {
-  WireHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
-  EXPECT_EQ(h.comm.CommWrite(kPort, ""), 0);
-  EXPECT_EQ(h.events.doEventsCount, 11) << "events run around every write";
 }
 
 TEST(CommIO, EveryByteValuePassesUnchangedInBothDirections) {
   PtyEndpoint device;
   ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics, [&](int) { return device.SlavePath(); });
-  ASSERT_EQ(comm.CommOpen(kPort, "COM1", kModeNexStarGoto), 0);
+  FixedDevice rig(device.SlavePath());
+  ASSERT_EQ(rig.comm.CommOpen(kPort, "COM1", kModeNexStarGoto), 0);
   std::string all;
   for (int value = 0; value < 256; ++value)
     all.push_back(static_cast<char>(value));
 
-  ASSERT_EQ(comm.CommWrite(kPort, all), 256);
+  ASSERT_EQ(rig.comm.CommWrite(kPort, all), 256);
   std::string received;
   for (int tries = 0; tries < 100 && received.size() < all.size(); ++tries) {
     char buffer[512];
@@ -187,34 +168,15 @@ TEST(CommIO, EveryByteValuePassesUnchangedInBothDirections) {
   EXPECT_EQ(received, all) << "program to device: no CR/LF translation, nothing lost";
 
   ASSERT_EQ(::write(device.Master(), all.data(), all.size()), 256);
-  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  Settle();
   std::string data;
-  EXPECT_EQ(comm.CommRead(kPort, data, 256), 256);
+  EXPECT_EQ(rig.comm.CommRead(kPort, data, 256), 256);
   EXPECT_EQ(data, all) << "device to program: no echo, no XON/XOFF or signal characters eaten";
 }
 
-TEST(CommIO, TheModeStringReachesTheLine) {
-  WireHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kModeNexStarGoto), 0);
-  ASSERT_EQ(h.comm.CommWrite(kPort, "#:GL#"), 5);
-  ASSERT_TRUE(h.sim.WaitForCommands(1, std::chrono::seconds(2)));
-  ASSERT_EQ(h.comm.CommClose(kPort), 0);
-  ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kModeGpsReceiver), 0);
-  ASSERT_EQ(h.comm.CommWrite(kPort, "#:GC#"), 5);
-  ASSERT_TRUE(h.sim.WaitForCommands(2, std::chrono::seconds(2)));
-  auto bytes = h.sim.Received();
-  ASSERT_EQ(bytes.size(), 10u);
-  EXPECT_TRUE(bytes.front().twoStopBits);
-  EXPECT_EQ(bytes.front().baud, 9600);
-  EXPECT_FALSE(bytes.back().twoStopBits);
-  EXPECT_EQ(bytes.back().baud, 4800);
-}
-
-TEST(CommIO, PortNumbersOutsideOneToFourFailInEveryOperation) {
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics, [](int) { return std::string("/dev/null"); });
+TEST(CommIO, OpenFailuresAreRecordedAndExplained) {
+  FixedDevice rig("/nonexistent/ttyUSB1");
+  CommPorts& comm = rig.comm;
   for (int port : {0, 5, 8, -1}) {
     SCOPED_TRACE(port);
     EXPECT_NE(comm.CommOpen(port, PortName(port), kMode), 0);
@@ -226,71 +188,27 @@ TEST(CommIO, PortNumbersOutsideOneToFourFailInEveryOperation) {
     EXPECT_EQ(comm.CommRead(port, data, 1), -1);
     EXPECT_FALSE(comm.IsOpen(port));
   }
-  EXPECT_NE(diagnostics.str().find("COM5"), std::string::npos);
-  EXPECT_NE(diagnostics.str().find("only COM1 to COM4"), std::string::npos);
-}
+  EXPECT_NE(rig.diagnostics.str().find("COM5"), std::string::npos);
+  EXPECT_NE(rig.diagnostics.str().find("only COM1 to COM4"), std::string::npos);
 
-TEST(CommIO, AMissingDeviceIsRecordedAndExplainedAndSurvivesTheCallersFlush) {
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics, [](int) { return std::string("/nonexistent/ttyUSB1"); });
   EXPECT_EQ(comm.CommOpen(2, "COM2", kMode), ENOENT);
   EXPECT_FALSE(comm.IsOpen(2));
   EXPECT_NE(comm.CommFlush(2), 0);
-  EXPECT_EQ(comm.CommClose(2), 0) << "closing a port that is not open is a success";
+  EXPECT_EQ(comm.CommClose(2), 0);
   EXPECT_EQ(comm.LastError().code, ENOENT) << "the reason of the failed open is kept";
   EXPECT_EQ(comm.LastError().source, "CommOpen (CreateFile)");
   EXPECT_EQ(comm.LastError().message, "No such file or directory");
-  const std::string told = diagnostics.str();
+  const std::string told = rig.diagnostics.str();
   EXPECT_NE(told.find("COM2 (/nonexistent/ttyUSB1)"), std::string::npos) << told;
   EXPECT_NE(told.find("No such file or directory"), std::string::npos) << told;
   EXPECT_NE(told.find("set ASTEL_COM2 to the device path"), std::string::npos) << told;
 }
 
-TEST(CommIO, ComPortsFollowTheEnvironment) {
+TEST(CommIO, AnOpenPortIsExclusiveAndAForbiddenOnePointsAtTheDialoutGroup) {
   PtyEndpoint device;
   ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  ::setenv("ASTEL_COM3", device.SlavePath().c_str(), 1);
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics);
-  EXPECT_EQ(comm.CommOpen(3, "COM3", kMode), 0) << diagnostics.str();
-  EXPECT_EQ(comm.CommWrite(3, "ok"), 2);
-  ::unsetenv("ASTEL_COM3");
-  char buffer[8] = {};
-  std::this_thread::sleep_for(std::chrono::milliseconds(20));
-  EXPECT_EQ(::read(device.Master(), buffer, sizeof buffer), 2);
-}
-
-TEST(CommIO, ADeviceWithoutPermissionSaysSoAndPointsAtTheDialoutGroup) {
-  PtyEndpoint device;
-  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  ASSERT_EQ(::chmod(device.SlavePath().c_str(), 0600), 0);
-  if (::geteuid() != 0) {
-    ASSERT_EQ(::chmod(device.SlavePath().c_str(), 0000), 0);
-  }
   const std::string path = device.SlavePath();
-  std::string result = AsAnotherUser([&] {
-    FakeEvents events;
-    std::ostringstream diagnostics;
-    CommPorts comm(events, diagnostics, [&](int) { return path; });
-    int status = comm.CommOpen(kPort, "COM1", kMode);
-    return std::to_string(status) + "|" + comm.LastError().source + "|" + comm.LastError().message +
-           "|" + diagnostics.str();
-  });
-  EXPECT_EQ(result.substr(0, result.find('|')), std::to_string(EACCES)) << result;
-  EXPECT_NE(result.find("|CommOpen (CreateFile)|Permission denied|"), std::string::npos) << result;
-  EXPECT_NE(result.find("dialout"), std::string::npos) << result;
-}
-
-TEST(CommIO, AnOpenPortIsExclusiveUntilClosed) {
-  PtyEndpoint device;
-  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
-  ASSERT_EQ(::chmod(device.SlavePath().c_str(), 0666), 0);
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics, [&](int) { return device.SlavePath(); });
-  const std::string path = device.SlavePath();
+  ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
   auto otherProgramOpens = [&] {
     return AsAnotherUser([&] {
       int fd = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
@@ -299,18 +217,29 @@ TEST(CommIO, AnOpenPortIsExclusiveUntilClosed) {
       return outcome;
     });
   };
-  ASSERT_EQ(comm.CommOpen(kPort, "COM1", kMode), 0);
+  FixedDevice rig(path);
+  ASSERT_EQ(rig.comm.CommOpen(kPort, "COM1", kMode), 0);
   EXPECT_EQ(otherProgramOpens(), "Device or resource busy");
-  ASSERT_EQ(comm.CommClose(kPort), 0);
+  ASSERT_EQ(rig.comm.CommClose(kPort), 0);
   EXPECT_EQ(otherProgramOpens(), "opened") << "exclusivity ends with the close";
+
+  ASSERT_EQ(::chmod(path.c_str(), ::geteuid() == 0 ? 0600 : 0000), 0);
+  std::string result = AsAnotherUser([&] {
+    FixedDevice forbidden(path);
+    int status = forbidden.comm.CommOpen(kPort, "COM1", kMode);
+    return std::to_string(status) + "|" + forbidden.comm.LastError().source + "|" +
+           forbidden.comm.LastError().message + "|" + forbidden.diagnostics.str();
+  });
+  EXPECT_EQ(result.substr(0, result.find('|')), std::to_string(EACCES)) << result;
+  EXPECT_NE(result.find("|CommOpen (CreateFile)|Permission denied|"), std::string::npos) << result;
+  EXPECT_NE(result.find("dialout"), std::string::npos) << result;
 }
 
 TEST(CommIO, AHungUpLineFailsTransfersWithTheirSources) {
   PtyEndpoint device;
   ASSERT_TRUE(device.Create(false)) << "no pseudo-terminal";
-  FakeEvents events;
-  std::ostringstream diagnostics;
-  CommPorts comm(events, diagnostics, [&](int) { return device.SlavePath(); });
+  FixedDevice rig(device.SlavePath());
+  CommPorts& comm = rig.comm;
   ASSERT_EQ(comm.CommOpen(kPort, "COM1", kMode), 0);
   device.HangUp();
 
@@ -318,13 +247,13 @@ TEST(CommIO, AHungUpLineFailsTransfersWithTheirSources) {
   EXPECT_EQ(comm.LastError().code, EIO);
   EXPECT_EQ(comm.LastError().source, "CommWrite (WriteFile)");
   EXPECT_EQ(comm.LastError().message, "Input/output error  COMM Error Flags = 0");
-
   std::string data;
   EXPECT_EQ(comm.CommRead(kPort, data, 2), -1);
   EXPECT_EQ(comm.LastError().source, "CommRead (ClearCommError)");
   EXPECT_EQ(comm.CommClose(kPort), 0);
   EXPECT_NE(comm.CommOpen(kPort, "COM1", kMode), 0) << "the device is gone";
-  EXPECT_NE(diagnostics.str().find("CommWrite (WriteFile): Input/output error"), std::string::npos);
+  EXPECT_NE(rig.diagnostics.str().find("CommWrite (WriteFile): Input/output error"),
+            std::string::npos);
 }
 
 }  // namespace

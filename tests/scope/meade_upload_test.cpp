@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/scope/wire_harness.h"
 
 namespace astel::testing {
@@ -21,13 +23,11 @@ PlaceState Place(int latDeg, double latMin, int latSign, int lonDeg, double lonM
 }
 
 TEST(MeadeUploadCommands, SiteCommandsCountLongitudeWestwardAllRoundTheCircle) {
-  struct Row {
+  const struct {
     const char* legend;
     PlaceState place;
-    const char* longitude;
-    const char* latitude;
-  };
-  const Row rows[] = {
+    const char *longitude, *latitude;
+  } rows[] = {
       {"-0 deg 30 min: the sign alone makes it east", Place(0, 30, -1, 0, 30, -1), "#:Sg 359*30#",
        "#:St -00*30#"},
       {"west and north as they are", Place(48, 7.038, 1, 75, 30.2, 1), "#:Sg 075*30#",
@@ -35,19 +35,16 @@ TEST(MeadeUploadCommands, SiteCommandsCountLongitudeWestwardAllRoundTheCircle) {
       {"11 deg 31 min east", Place(-33, 52, 1, -11, 31, 1), "#:Sg 348*29#", "#:St -33*52#"},
       {"Greenwich", Place(51, 28.6, 1, 0, 0, 1), "#:Sg 000*00#", "#:St +51*29#"},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.legend);
-    EXPECT_EQ(EncodeMeadeLongitude(row.place), row.longitude);
-    EXPECT_EQ(EncodeMeadeLatitude(row.place), row.latitude);
+  for (const auto& row : rows) {
+    EXPECT_EQ(EncodeMeadeLongitude(row.place), row.longitude) << row.legend;
+    EXPECT_EQ(EncodeMeadeLatitude(row.place), row.latitude) << row.legend;
   }
 }
 
-TEST(MeadeUploadCommands, OffsetDateAndTimeForms) {
-  EXPECT_EQ(EncodeMeadeOffset(5, false), "#:SG+05.0#");
+TEST(MeadeUploadCommands, OffsetAndTimeForms) {
   EXPECT_EQ(EncodeMeadeOffset(5, true), "#:SG+05#");
   EXPECT_EQ(EncodeMeadeOffset(-5.5, false), "#:SG-05.5#");
   EXPECT_EQ(EncodeMeadeOffset(0, false), "#:SG+00.0#");
-  EXPECT_EQ(EncodeMeadeDate("03", "23", "05"), "#:SC 03/23/05#");
   TimeState time;
   time.hourText = "7";
   time.minuteText = "05";
@@ -56,50 +53,42 @@ TEST(MeadeUploadCommands, OffsetDateAndTimeForms) {
 }
 
 TEST(MeadeUploadCommands, DaylightTimeAddsAnHourUnlessTheModelShiftsItself) {
-  struct Row {
+  const struct {
     const char* legend;
     double gmtOffset;
     bool daylight, noDstShift;
     double sent;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"standard time", 5, false, false, 5},
       {"daylight time", 4, true, false, 5},
       {"daylight time, model keeps its own shift", 4, true, true, 4},
       {"east of Greenwich in daylight time", -2, true, false, -1},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.legend);
+  for (const auto& row : rows) {
     SharedState state;
     FakeClock clock;
     state.place.gmtOffset = row.gmtOffset;
     state.telescope.scopeNoDstShift = row.noDstShift;
     clock.zone.daylight = row.daylight;
-    EXPECT_EQ(UploadOffsetHours(state, clock), row.sent);
+    EXPECT_EQ(UploadOffsetHours(state, clock), row.sent) << row.legend;
   }
 }
 
 TEST(MeadeUploadCommands, Model401WithGpsGetsTheGreenwichDate) {
-  struct Row {
+  const struct {
     const char* legend;
     int code;
     bool gps;
-    const char* daySign;
-    const char *month, *day, *year;  // local date texts
-    const char *sentMonth, *sentDay, *sentYear;
+    const char *daySign, *month, *day, *year;  // local date texts
+    const char* sent;                          // MM/DD/YY
+  } rows[] = {
+      {"a day ahead at the year's end", 401, true, "+", "12", "31", "2005", "01/01/06"},
+      {"a day behind in a leap year", 401, true, "-", "03", "01", "2004", "02/29/04"},
+      {"same day", 401, true, " ", "03", "23", "2005", "03/23/05"},
+      {"401 without GPS keeps the local date", 401, false, "+", "12", "31", "2005", "12/31/05"},
+      {"another model keeps the local date", 405, true, "+", "12", "31", "2005", "12/31/05"},
   };
-  const Row rows[] = {
-      {"401 with GPS, Greenwich a day ahead at the year's end", 401, true, "+", "12", "31", "2005",
-       "01", "01", "06"},
-      {"401 with GPS, Greenwich a day behind in a leap year", 401, true, "-", "03", "01", "2004",
-       "02", "29", "04"},
-      {"401 with GPS, same day", 401, true, " ", "03", "23", "2005", "03", "23", "05"},
-      {"401 without GPS keeps the local date", 401, false, "+", "12", "31", "2005", "12", "31",
-       "05"},
-      {"another model keeps the local date", 405, true, "+", "12", "31", "2005", "12", "31", "05"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.legend);
+  for (const auto& row : rows) {
     SharedState state;
     state.telescope.scopeCode = row.code;
     state.telescope.scopeHasGps = row.gps;
@@ -109,9 +98,7 @@ TEST(MeadeUploadCommands, Model401WithGpsGetsTheGreenwichDate) {
     state.time.yearText = row.year;
     state.time.hourText = "22";
     MeadeDate date = UploadDate(state);
-    EXPECT_EQ(date.month, row.sentMonth);
-    EXPECT_EQ(date.day, row.sentDay);
-    EXPECT_EQ(date.year2, row.sentYear);
+    EXPECT_EQ(date.month + "/" + date.day + "/" + date.year2, row.sent) << row.legend;
   }
 }
 
@@ -122,22 +109,18 @@ struct UploadHarness : WireHarness {
     state.telescope.scopeCode = 402;
     state.place = Place(48, 7.038, 1, -11, 31, 1);
     state.place.gmtOffset = 5;
-    monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };
   }
   bool Upload(bool fromUploadButton = true) {
     return UploadMeade(context, monitor, fromUploadButton);
   }
-  ExchangeMonitor monitor;
-  std::vector<std::string> statuses;
 };
-
-const char kWholeUpload[] = "#:Sg 348*29##:St +48*07##:SG+05.0##:SC 03/23/05##:SL 21:05:09#";
 
 TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
   UploadHarness h;
   ASSERT_SIM_STARTED(h);
   EXPECT_TRUE(h.Upload());
-  EXPECT_EQ(h.sim.ReceivedBytes(), kWholeUpload);
+  EXPECT_EQ(h.sim.ReceivedBytes(),
+            "#:Sg 348*29##:St +48*07##:SG+05.0##:SC 03/23/05##:SL 21:05:09#");
   EXPECT_EQ(h.dialogs.shown.size(), 0u) << "success is announced by the dialog, not here";
   EXPECT_EQ(h.statuses, (std::vector<std::string>{
                             "No scope response yet. Verify Connection.\n",
@@ -147,97 +130,66 @@ TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
                             "Waiting for Scope Response to Date Upload",
                             "Waiting for Scope Response to Time Upload.",
                         }));
-  MountState mount = h.sim.Mount();
-  EXPECT_EQ(mount.lxLongitudeArcmin, 348 * 60 + 29);
-  EXPECT_EQ(mount.lxLatitudeArcmin, 48 * 60 + 7);
-  EXPECT_EQ(mount.lxUtcOffsetHours, 5);
-  EXPECT_EQ(mount.lxHour * 10000 + mount.lxMinute * 100 + mount.lxSecond, 210509);
   EXPECT_FALSE(h.comm.IsOpen(kPort));
-  int pausesAfterDate = 0;
-  for (int ms : h.events.sleeps)
-    pausesAfterDate += ms == 500 ? 1 : 0;
-  EXPECT_EQ(pausesAfterDate, 1) << "the date's long answer is waited out once";
+  EXPECT_EQ(std::count(h.events.sleeps.begin(), h.events.sleeps.end(), 500), 1)
+      << "the date's long answer is waited out once";
 }
 
-TEST(UploadMeade, ATelescopeRefusingTheDecimalOffsetGetsWholeHours) {
-  SimBehaviour behaviour;
-  behaviour.rules.refuseOffsetForms = 1;
-  UploadHarness h(behaviour);
-  ASSERT_SIM_STARTED(h);
-  EXPECT_TRUE(h.Upload());
-  EXPECT_EQ(h.sim.CountCommands(":SG+05.0#"), 1);
-  EXPECT_EQ(h.sim.CountCommands(":SG+05#"), 1);
-  EXPECT_EQ(h.sim.CountCommands(":SL 21:05:09#"), 1);
-  EXPECT_EQ(h.dialogs.shown.size(), 0u);
-}
-
-TEST(UploadMeade, RefusalsEndTheUploadWithTheStepsErrorAndTheReply) {
-  struct Row {
+TEST(UploadMeade, StepsAreSentAgainUntilAnsweredAndARefusalEndsTheUploadWithTheReply) {
+  const struct {
     const char* legend;
-    MountRules rules;
+    int ignoreFirstQueries, refuseOffsetForms;
+    bool refuseAllSets;
     const char* message;
     std::size_t commandsSent;
+  } rows[] = {
+      {"the longitude sent three times", 2, 0, false, nullptr, 7},
+      {"decimal offset refused: whole hours", 0, 1, false, nullptr, 6},
+      {"both offset forms refused", 0, 2, false, "Invalid Scope Response to Set GMT Offset= 0", 4},
+      {"longitude refused", 0, 0, true, "Invalid Scope Response to Set Longitude=0", 1},
   };
-  const Row rows[] = {
-      {"both offset forms refused", {2, false}, "Invalid Scope Response to Set GMT Offset= 0", 4},
-      {"longitude refused", {0, true}, "Invalid Scope Response to Set Longitude=0", 1},
-  };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
-    SimBehaviour behaviour;
-    behaviour.rules = row.rules;
-    UploadHarness h(behaviour);
+    UploadHarness h({.ignoreFirstQueries = row.ignoreFirstQueries,
+                     .rules = {row.refuseOffsetForms, row.refuseAllSets}});
     ASSERT_SIM_STARTED(h);
-    EXPECT_FALSE(h.Upload());
-    EXPECT_EQ(h.dialogs.Messages(), std::vector<std::string>{row.message});
+    EXPECT_EQ(h.Upload(), row.message == nullptr);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
     EXPECT_EQ(h.sim.Commands().size(), row.commandsSent);
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }
 
-TEST(UploadMeade, TheLastSecondsBeforeMidnightAreRefused) {
-  for (const char* second : {"56", "59"}) {
+TEST(UploadMeade, RefusedOutsideRealTimeAndInTheLastSecondsBeforeMidnight) {
+  const struct {
+    const char* legend;
+    bool realTime;
+    const char* time;  // hh:mm:ss
+    const char* message;
+  } rows[] = {
+      {"fictitious time", false, "21:05:09", "Must be in Real-Time Mode to Upload Data"},
+      {"23:59:56", true, "23:59:56", "Date rollover, possible inconsistency. Try Again"},
+      {"23:59:55 still goes", true, "23:59:55", nullptr},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.legend);
     UploadHarness h;
     ASSERT_SIM_STARTED(h);
-    h.state.time.hourText = "23";
-    h.state.time.minuteText = "59";
-    h.state.time.secondText = second;
-    EXPECT_FALSE(h.Upload()) << second;
-    EXPECT_EQ(h.dialogs.Messages(),
-              std::vector<std::string>{"Date rollover, possible inconsistency. Try Again"});
-    EXPECT_EQ(h.sim.ReceivedBytes(), "") << "nothing was sent";
+    h.state.time.realTimeMode = row.realTime;
+    const std::string time = row.time;
+    h.state.time.hourText = time.substr(0, 2);
+    h.state.time.minuteText = time.substr(3, 2);
+    h.state.time.secondText = time.substr(6, 2);
+    EXPECT_EQ(h.Upload(), row.message == nullptr);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
+    EXPECT_EQ(h.sim.ReceivedBytes().empty(), row.message != nullptr) << "nothing sent if refused";
   }
-  UploadHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.state.time.hourText = "23";
-  h.state.time.minuteText = "59";
-  h.state.time.secondText = "55";
-  EXPECT_TRUE(h.Upload());
-}
-
-TEST(UploadMeade, OnlyInRealTime) {
-  UploadHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.state.time.realTimeMode = false;
-  EXPECT_FALSE(h.Upload());
-  EXPECT_EQ(h.dialogs.Messages(),
-            std::vector<std::string>{"Must be in Real-Time Mode to Upload Data"});
-}
-
-TEST(UploadMeade, EachStepIsSentAgainUntilTheTelescopeAnswers) {
-  SimBehaviour behaviour;
-  behaviour.ignoreFirstQueries = 2;
-  UploadHarness h(behaviour);
-  ASSERT_SIM_STARTED(h);
-  EXPECT_TRUE(h.Upload());
-  EXPECT_EQ(h.sim.CountCommands(":Sg 348*29#"), 3);
-  EXPECT_EQ(h.sim.CountCommands(":St +48*07#"), 1);
 }
 
 TEST(UploadMeade, ClosingTheWindowEndsTheWaitForASilentTelescope) {
   UploadHarness h(WithFault(ReplyFault::kSilent));
   ASSERT_SIM_STARTED(h);
-  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Sg 348*29#") >= 3; }, h.monitor);
+  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Sg 348*29#") >= 3; });
   EXPECT_FALSE(h.Upload());
   EXPECT_EQ(h.dialogs.shown.size(), 0u) << "closing the window is not an error";
   EXPECT_FALSE(h.comm.IsOpen(kPort));
@@ -245,25 +197,22 @@ TEST(UploadMeade, ClosingTheWindowEndsTheWaitForASilentTelescope) {
 }
 
 TEST(UploadMeade, AHangUpIsReportedExceptForASiteWriteOfAnUploadNotStartedByTheUser) {
-  struct Row {
+  const struct {
     const char* legend;
     int hangUpAfterBytes;
     bool fromUploadButton;
-    std::vector<std::string> messages;
+    const char* message;
+  } rows[] = {
+      {"during the longitude, user's upload", 5, true, "UNABLE TO WRITE TO COM 1"},
+      {"during the longitude, other upload", 5, false, nullptr},
+      {"during the offset, other upload", 30, false, "UNABLE TO WRITE TO COM 1"},
   };
-  const Row rows[] = {
-      {"during the longitude, user's upload", 5, true, {"UNABLE TO WRITE TO COM 1"}},
-      {"during the longitude, other upload", 5, false, {}},
-      {"during the offset, other upload", 30, false, {"UNABLE TO WRITE TO COM 1"}},
-  };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
-    SimBehaviour behaviour;
-    behaviour.hangUpAfterBytes = row.hangUpAfterBytes;
-    UploadHarness h(behaviour);
+    UploadHarness h({.hangUpAfterBytes = row.hangUpAfterBytes});
     ASSERT_SIM_STARTED(h);
     EXPECT_FALSE(h.Upload(row.fromUploadButton));
-    EXPECT_EQ(h.dialogs.Messages(), row.messages);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }

@@ -4,11 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "tests/scope/wire_harness.h"
 
 namespace astel::testing {
 namespace {
 
+using enum MoveButton;
 constexpr int kAltitude = 17, kAzimuth = 16, kPositive = 36, kNegative = 37;
 
 struct MotionHarness : WireHarness {
@@ -20,6 +23,18 @@ struct MotionHarness : WireHarness {
     for (const MotorCommand& m : sim.Mount().motions)
       result.push_back({m.axis, m.direction, m.rate});
     return result;
+  }
+  // Presses and releases a button, then lets the pause end.
+  void Click(MoveButton button) {
+    using L = MoveScopeLogic;
+    const std::pair<void (L::*)(int), void (L::*)(int)> actions[] = {{&L::UpDown, &L::UpUp},
+                                                                     {&L::DownDown, &L::DownUp},
+                                                                     {&L::LeftDown, &L::LeftUp},
+                                                                     {&L::RightDown, &L::RightUp}};
+    auto [press, release] = actions[static_cast<int>(button)];
+    (logic.*press)(kLeftMouse);
+    (logic.*release)(kLeftMouse);
+    logic.PauseTimeout();
   }
   FakeTimer safety;
   FakeTimer pause;
@@ -57,43 +72,31 @@ TEST(MoveScope, HoldingUpMovesTheAltitudeAxisUntilReleased) {
 }
 
 TEST(MoveScope, ButtonsAndReversingSwitchesPickAxisAndDirection) {
-  struct Row {
+  const struct {
     const char* legend;
-    void (MoveScopeLogic::*press)(int);
-    void (MoveScopeLogic::*release)(int);
+    MoveButton button;
     bool reverseUpDown, reverseLeftRight;
     int axis, direction;
-  };
-  const Row rows[] = {
-      {"up", &MoveScopeLogic::UpDown, &MoveScopeLogic::UpUp, false, false, kAltitude, kPositive},
-      {"up reversed", &MoveScopeLogic::UpDown, &MoveScopeLogic::UpUp, true, false, kAltitude,
-       kNegative},
-      {"down", &MoveScopeLogic::DownDown, &MoveScopeLogic::DownUp, false, false, kAltitude,
-       kNegative},
-      {"down reversed", &MoveScopeLogic::DownDown, &MoveScopeLogic::DownUp, true, false, kAltitude,
-       kPositive},
-      {"left", &MoveScopeLogic::LeftDown, &MoveScopeLogic::LeftUp, false, false, kAzimuth,
-       kNegative},
-      {"left reversed", &MoveScopeLogic::LeftDown, &MoveScopeLogic::LeftUp, false, true, kAzimuth,
-       kPositive},
-      {"right", &MoveScopeLogic::RightDown, &MoveScopeLogic::RightUp, false, false, kAzimuth,
-       kPositive},
-      {"right reversed", &MoveScopeLogic::RightDown, &MoveScopeLogic::RightUp, false, true,
-       kAzimuth, kNegative},
-      {"up with only left-right reversed", &MoveScopeLogic::UpDown, &MoveScopeLogic::UpUp, false,
-       true, kAltitude, kPositive},
+  } rows[] = {
+      {"up", kUp, false, false, kAltitude, kPositive},
+      {"up reversed", kUp, true, false, kAltitude, kNegative},
+      {"down", kDown, false, false, kAltitude, kNegative},
+      {"down reversed", kDown, true, false, kAltitude, kPositive},
+      {"left", kLeft, false, false, kAzimuth, kNegative},
+      {"left reversed", kLeft, false, true, kAzimuth, kPositive},
+      {"right", kRight, false, false, kAzimuth, kPositive},
+      {"right reversed", kRight, false, true, kAzimuth, kNegative},
+      {"up with only left-right reversed", kUp, false, true, kAltitude, kPositive},
   };
   MotionHarness h;
   ASSERT_SIM_STARTED(h);
   h.logic.SetRateIndex(2);
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
     h.logic.SetReverseUpDown(row.reverseUpDown);
     h.logic.SetReverseLeftRight(row.reverseLeftRight);
     const std::size_t before = h.Motions().size();
-    (h.logic.*row.press)(kLeftMouse);
-    (h.logic.*row.release)(kLeftMouse);
-    h.logic.PauseTimeout();
+    h.Click(row.button);
     auto motions = h.Motions();
     ASSERT_EQ(motions.size(), before + 2);
     EXPECT_EQ(motions[before], (std::vector<int>{row.axis, row.direction, 3}));
@@ -121,75 +124,50 @@ TEST(MoveScope, OtherTelescopesAndOtherMouseButtonsSendNothing) {
   EXPECT_TRUE(h.state.form.commandButtonsEnabled);
 }
 
-TEST(MoveScope, APressDuringThePauseStartsNothingIfReleasedBeforeItEnds) {
-  MotionHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.logic.LeftDown(kLeftMouse);
-  h.logic.LeftUp(kLeftMouse);
-  ASSERT_EQ(h.Motions().size(), 2u);
-  int passes = 0;
-  h.events.onDoEvents = [&] {
-    if (++passes == 3) h.logic.RightUp(kLeftMouse);  // released while still waiting
-  };
-  h.logic.RightDown(kLeftMouse);
-  auto motions = h.Motions();
-  ASSERT_EQ(motions.size(), 3u) << "only the release's stop went out";
-  EXPECT_EQ(motions[2][2], 0);
-  EXPECT_FALSE(h.safety.running);
-}
-
-TEST(MoveScope, APressHeldPastThePauseStartsWhenThePauseEnds) {
-  MotionHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.logic.LeftDown(kLeftMouse);
-  h.logic.LeftUp(kLeftMouse);
-  int passes = 0;
-  h.events.onDoEvents = [&] {
-    if (++passes == 3) h.logic.PauseTimeout();
-  };
-  h.logic.RightDown(kLeftMouse);
-  auto motions = h.Motions();
-  ASSERT_EQ(motions.size(), 3u);
-  EXPECT_EQ(motions[2], (std::vector<int>{kAzimuth, kPositive, 9}));
-  EXPECT_TRUE(h.safety.running);
-}
-
-TEST(MoveScope, TheSafetyTimerStopsAMotionThatRunsTooLong) {
-  MotionHarness h;
-  ASSERT_SIM_STARTED(h);
-  h.logic.DownDown(kLeftMouse);
-  h.logic.SafetyTimeout();
-  EXPECT_EQ(h.logic.General(), "Timeout - Safety Stop");
-  EXPECT_EQ(h.Motions().back(), (std::vector<int>{kAltitude, kPositive, 0}));
-  EXPECT_FALSE(h.safety.running);
-  EXPECT_TRUE(h.pause.running);
-  EXPECT_TRUE(h.state.form.commandButtonsEnabled);
+TEST(MoveScope, APressDuringThePauseWaitsForItsEndUnlessReleasedFirst) {
+  for (bool releasedFirst : {true, false}) {
+    SCOPED_TRACE(releasedFirst ? "released while waiting" : "held past the pause");
+    MotionHarness h;
+    ASSERT_SIM_STARTED(h);
+    h.logic.LeftDown(kLeftMouse);
+    h.logic.LeftUp(kLeftMouse);
+    int passes = 0;
+    h.events.onDoEvents = [&] {
+      if (++passes != 3) return;
+      if (releasedFirst)
+        h.logic.RightUp(kLeftMouse);
+      else
+        h.logic.PauseTimeout();
+    };
+    h.logic.RightDown(kLeftMouse);
+    auto motions = h.Motions();
+    ASSERT_EQ(motions.size(), 3u);
+    EXPECT_EQ(motions[2], (std::vector<int>{kAzimuth, kPositive, releasedFirst ? 0 : 9}))
+        << "only the release's stop, or the motion";
+    EXPECT_EQ(h.safety.running, !releasedFirst);
+  }
 }
 
 TEST(MoveScope, BadRepliesFailTheStartButTheReleaseStillStops) {
-  struct Row {
+  const struct {
     const char* legend;
     SimBehaviour behaviour;
     int port;
     const char* message;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"garbage", WithFault(ReplyFault::kGarbage), kPort, "Invalid Scope Response"},
-      {"silence", WithFault(ReplyFault::kSilent), kPort,
-       "No Scope response - Press 'Undo' on Hand Controller"},
       {"reply without its #", WithFault(ReplyFault::kShort), kPort,
        "No Scope response - Press 'Undo' on Hand Controller"},
-      {"no device", {}, 2, "UNABLE TO OPEN COM 2"},
+      {"no device", SimBehaviour(), 2, "UNABLE TO OPEN COM 2"},
   };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
     MotionHarness h(1, row.behaviour);
     ASSERT_SIM_STARTED(h);
     h.state.telescope.comPort = row.port;
     EXPECT_FALSE(h.logic.StartMotion(true, 1));
     EXPECT_FALSE(h.safety.running);
-    ASSERT_EQ(h.dialogs.Messages().size(), 1u);
-    EXPECT_EQ(h.dialogs.Messages()[0], row.message);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
     EXPECT_FALSE(h.comm.IsOpen(row.port));
     h.logic.StopMotion();
     EXPECT_EQ(h.Motions().size(), row.port == kPort ? 2u : 0u) << "the stop went out too";
@@ -221,24 +199,39 @@ TEST(MoveScope, TheRemoteMouseDrivesTheChosenAxis) {
   EXPECT_EQ(h.logic.General(), " ");
 }
 
-TEST(MoveScope, ClosingTheWindowStopsARunningMotion) {
+TEST(MoveScope, TheSafetyTimerOrClosingTheWindowStopsAMotion) {
+  const struct {
+    const char* legend;
+    void (MoveScopeLogic::*stop)();
+    const char* general;
+    bool pauseFollows;
+  } rows[] = {
+      {"held for ten seconds", &MoveScopeLogic::SafetyTimeout, "Timeout - Safety Stop", true},
+      {"window closed", &MoveScopeLogic::Close, " ", false},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.legend);
+    MotionHarness h;
+    ASSERT_SIM_STARTED(h);
+    h.logic.DownDown(kLeftMouse);
+    (h.logic.*row.stop)();
+    EXPECT_EQ(h.logic.General(), row.general);
+    EXPECT_EQ(h.Motions().size(), 2u);
+    EXPECT_EQ(h.Motions().back(), (std::vector<int>{kAltitude, kPositive, 0}));
+    EXPECT_FALSE(h.safety.running);
+    EXPECT_EQ(h.pause.running, row.pauseFollows);
+    EXPECT_TRUE(h.state.form.commandButtonsEnabled);
+  }
+}
+
+TEST(MoveScope, LeavingOrClosingAnIdleWindowFreesTheButtonsAndSendsNothing) {
   MotionHarness h;
   ASSERT_SIM_STARTED(h);
-  h.logic.RightDown(kLeftMouse);
-  h.logic.Close();
-  EXPECT_EQ(h.Motions().size(), 2u);
-  EXPECT_EQ(h.Motions().back()[2], 0);
+  h.state.form.commandButtonsEnabled = false;
+  h.logic.Deactivate();
   EXPECT_TRUE(h.state.form.commandButtonsEnabled);
-  EXPECT_FALSE(h.safety.running);
-  EXPECT_FALSE(h.pause.running);
-
-  MotionHarness idle;
-  ASSERT_SIM_STARTED(idle);
-  idle.state.form.commandButtonsEnabled = false;
-  idle.logic.Deactivate();
-  EXPECT_TRUE(idle.state.form.commandButtonsEnabled) << "leaving the window frees the buttons";
-  idle.logic.Close();
-  EXPECT_EQ(idle.sim.ReceivedBytes(), "") << "nothing ran, nothing to stop";
+  h.logic.Close();
+  EXPECT_EQ(h.sim.ReceivedBytes(), "");
 }
 
 }  // namespace

@@ -12,109 +12,78 @@ constexpr double kMinutesTolerance = 0.01;
 
 struct ReadbackHarness : WireHarness {
   explicit ReadbackHarness(int type, SimBehaviour behaviour = {}) : WireHarness(type, behaviour) {
-    monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };
     state.object.objRaHours = 1;  // the object shown before, to see that failures keep it
     state.object.objDecDegrees = 2;
   }
-  void Point(std::uint16_t ra, std::uint16_t dec) {
+  void Point(std::uint16_t ra, std::uint16_t dec, bool aligned = true) {
     MountState mount = sim.Mount();
     mount.raSteps = ra;
     mount.decSteps = dec;
+    mount.aligned = aligned;
     sim.SetMount(mount);
   }
   bool Unchanged() const {
     return state.object.objRaHours == 1 && state.object.objDecDegrees == 2 &&
            !state.telescope.positionFromScope;
   }
-  ExchangeMonitor monitor;
-  std::vector<std::string> statuses;
 };
 
 TEST(CelestronLoad, ReadsAnAlignedMountsPositionWithTheDeclinationUnfolded) {
-  ReadbackHarness h(1);
-  ASSERT_SIM_STARTED(h);
-  h.Point(0x4000, 0xC000);
-  EXPECT_TRUE(CelestronLoad(h.context, h.monitor, true));
-  EXPECT_EQ(h.sim.ReceivedBytes(), "JE");
-  const ObjectState& o = h.state.object;
-  EXPECT_EQ(o.objRaHours, 6);
-  EXPECT_NEAR(o.objRaMinutes, 0, kMinutesTolerance);
-  EXPECT_EQ(o.objDecDegrees, 270) << "a southern position stays between 180 and 360";
-  EXPECT_NEAR(o.objDecMinutes, 0, kMinutesTolerance);
-  EXPECT_EQ(o.objDecSign, 1);
-  EXPECT_TRUE(h.state.telescope.positionFromScope);
-  EXPECT_EQ(h.statuses, std::vector<std::string>{"No scope response yet. Verify Connection."});
-  EXPECT_EQ(h.dialogs.shown.size(), 0u);
-  EXPECT_FALSE(h.comm.IsOpen(kPort));
-}
-
-TEST(CelestronLoad, TheNexStar60IsRemindedOfItsRs232Mode) {
-  ReadbackHarness h(1);
-  ASSERT_SIM_STARTED(h);
-  h.state.telescope.scopeCode = 103;
-  EXPECT_TRUE(CelestronLoad(h.context, h.monitor, true));
-  EXPECT_EQ(
-      h.statuses.front(),
-      "No scope response yet. Verify Connection.\nNexstar 60/80/114 must be in 'RS-232 Mode'");
-}
-
-TEST(CelestronLoad, QueriesAreSentAgainUntilTheMountAnswers) {
-  SimBehaviour behaviour;
-  behaviour.ignoreFirstQueries = 3;
-  ReadbackHarness h(1, behaviour);
-  ASSERT_SIM_STARTED(h);
-  EXPECT_TRUE(CelestronLoad(h.context, h.monitor, true));
-  EXPECT_EQ(h.sim.ReceivedBytes(), "JJJJE");
-}
-
-TEST(CelestronLoad, FailuresKeepTheObjectAndSaySoWhenTheyShould) {
-  struct Row {
-    const char* legend;
-    SimBehaviour behaviour;
-    bool aligned;
-    bool startedByUser;
-    std::vector<std::string> messages;
-    const char* wire;
+  const struct {
+    int code, ignoredQueries;
+    const char *wire, *status;
+  } rows[] = {
+      {101, 0, "JE", "No scope response yet. Verify Connection."},
+      {101, 3, "JJJJE", "No scope response yet. Verify Connection."},  // asked until answered
+      {103, 0, "JE",
+       "No scope response yet. Verify Connection.\nNexstar 60/80/114 must be in 'RS-232 Mode'"},
   };
-  SimBehaviour hangUp;
-  hangUp.hangUpAfterBytes = 1;
-  const Row rows[] = {
-      {"not aligned", {}, false, true, {"Scope is Not Aligned"}, "J"},
-      {"garbage", WithFault(ReplyFault::kGarbage), true, true, {"Invalid Scope Response"}, "J"},
-      {"alignment reply without its #",
-       WithFault(ReplyFault::kShort),
-       true,
-       true,
-       {"Invalid Scope Response"},
-       "J"},
-      {"hung up, the user's load", hangUp, true, true, {"UNABLE TO WRITE TO COM 1"}, "J"},
-      {"hung up, another caller's load", hangUp, true, false, {}, "J"},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.legend);
-    ReadbackHarness h(1, row.behaviour);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.wire + std::string(" from ") + std::to_string(row.code));
+    ReadbackHarness h(1, {.ignoreFirstQueries = row.ignoredQueries});
     ASSERT_SIM_STARTED(h);
-    MountState mount = h.sim.Mount();
-    mount.aligned = row.aligned;
-    h.sim.SetMount(mount);
-    EXPECT_FALSE(CelestronLoad(h.context, h.monitor, row.startedByUser));
-    EXPECT_EQ(h.dialogs.Messages(), row.messages);
+    h.state.telescope.scopeCode = row.code;
+    h.Point(0x4000, 0xC000);
+    EXPECT_TRUE(CelestronLoad(h.context, h.monitor, true));
     EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
-    EXPECT_TRUE(h.Unchanged());
+    const ObjectState& o = h.state.object;
+    EXPECT_EQ(o.objRaHours, 6);
+    EXPECT_NEAR(o.objRaMinutes, 0, kMinutesTolerance);
+    EXPECT_EQ(o.objDecDegrees, 270) << "a southern position stays between 180 and 360";
+    EXPECT_NEAR(o.objDecMinutes, 0, kMinutesTolerance);
+    EXPECT_EQ(o.objDecSign, 1);
+    EXPECT_TRUE(h.state.telescope.positionFromScope);
+    EXPECT_EQ(h.statuses, Shown(row.status));
+    EXPECT_EQ(h.dialogs.shown.size(), 0u);
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }
 
-TEST(CelestronLoad, AShortPositionIsAskedForAgainUntilTheWindowCloses) {
-  SimBehaviour behaviour = WithFault(ReplyFault::kShort);
-  behaviour.faultOnlyFor = "E";
-  ReadbackHarness h(1, behaviour);
-  ASSERT_SIM_STARTED(h);
-  h.CloseWindowWhen([&] { return h.sim.CountCommands("E") >= 2; }, h.monitor);
-  EXPECT_FALSE(CelestronLoad(h.context, h.monitor, true));
-  EXPECT_EQ(h.dialogs.shown.size(), 0u);
-  EXPECT_TRUE(h.Unchanged());
-  EXPECT_FALSE(h.comm.IsOpen(kPort));
+TEST(CelestronLoad, FailuresKeepTheObjectAndSaySoWhenTheyShould) {
+  const SimBehaviour hangUp{.hangUpAfterBytes = 1};
+  const struct {
+    const char* legend;
+    SimBehaviour behaviour;
+    bool aligned, startedByUser;
+    const char* message;
+  } rows[] = {
+      {"not aligned", SimBehaviour(), false, true, "Scope is Not Aligned"},
+      {"garbage", WithFault(ReplyFault::kGarbage), true, true, "Invalid Scope Response"},
+      {"reply without its #", WithFault(ReplyFault::kShort), true, true, "Invalid Scope Response"},
+      {"hung up, the user's load", hangUp, true, true, "UNABLE TO WRITE TO COM 1"},
+      {"hung up, another caller's load", hangUp, true, false, nullptr},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.legend);
+    ReadbackHarness h(1, row.behaviour);
+    ASSERT_SIM_STARTED(h);
+    h.Point(0, 0, row.aligned);
+    EXPECT_FALSE(CelestronLoad(h.context, h.monitor, row.startedByUser));
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
+    EXPECT_EQ(h.sim.ReceivedBytes(), "J");
+    EXPECT_TRUE(h.Unchanged());
+    EXPECT_FALSE(h.comm.IsOpen(kPort));
+  }
 }
 
 TEST(MeadeLoad, ReadsRightAscensionAndDeclinationWithTheSignOfMinusZero) {
@@ -135,22 +104,31 @@ TEST(MeadeLoad, ReadsRightAscensionAndDeclinationWithTheSignOfMinusZero) {
                                                   "Waiting for Scope Declination."}));
 }
 
-TEST(MeadeLoad, FailuresKeepTheObject) {
-  ReadbackHarness garbage(4, WithFault(ReplyFault::kGarbage));
-  ASSERT_SIM_STARTED(garbage);
-  EXPECT_FALSE(MeadeLoad(garbage.context, garbage.monitor));
-  EXPECT_EQ(garbage.dialogs.Messages(), std::vector<std::string>{"Invalid Scope Response"});
-  EXPECT_TRUE(garbage.Unchanged());
-
-  SimBehaviour shortDeclination = WithFault(ReplyFault::kShort);
-  shortDeclination.faultOnlyFor = ":GD";
-  ReadbackHarness h(4, shortDeclination);
+TEST(MeadeLoad, AReplyWithoutItsHashIsRefused) {
+  ReadbackHarness h(4, WithFault(ReplyFault::kGarbage));
   ASSERT_SIM_STARTED(h);
-  h.CloseWindowWhen([&] { return h.sim.CountCommands(":GD#") >= 3; }, h.monitor);
   EXPECT_FALSE(MeadeLoad(h.context, h.monitor));
-  EXPECT_EQ(h.dialogs.shown.size(), 0u) << "a reply too short is asked for again, not an error";
+  EXPECT_EQ(h.dialogs.Messages(), Shown("Invalid Scope Response"));
   EXPECT_TRUE(h.Unchanged());
   EXPECT_FALSE(h.comm.IsOpen(kPort));
+}
+
+TEST(PositionReadback, AShortReplyIsAskedForAgainUntilTheWindowCloses) {
+  const struct {
+    int type;
+    const char *faultOnlyFor, *query;
+  } rows[] = {{1, "E", "E"}, {4, ":GD", ":GD#"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.query);
+    ReadbackHarness h(row.type, {.fault = ReplyFault::kShort, .faultOnlyFor = row.faultOnlyFor});
+    ASSERT_SIM_STARTED(h);
+    h.CloseWindowWhen([&] { return h.sim.CountCommands(row.query) >= 3; });
+    EXPECT_FALSE(row.type == 1 ? CelestronLoad(h.context, h.monitor, true)
+                               : MeadeLoad(h.context, h.monitor));
+    EXPECT_EQ(h.dialogs.shown.size(), 0u) << "a reply too short is not an error";
+    EXPECT_TRUE(h.Unchanged());
+    EXPECT_FALSE(h.comm.IsOpen(kPort));
+  }
 }
 
 }  // namespace

@@ -12,134 +12,89 @@ namespace {
 
 constexpr int kArcsec = 3600;
 
+// The replies of a healthy mount are read in the exchanges below; here the other forms and
+// what must be refused.
 TEST(ScopeSiteReplies, Lx200AnglesOffsetsDatesAndTimes) {
-  EXPECT_EQ(DecodeLx200Angle("+48*07#"), 48 * kArcsec + 7 * 60);
-  EXPECT_EQ(DecodeLx200Angle("-00\xDF"
-                             "30#"),
-            -30 * 60)
-      << "the telescope's degree character; -0 keeps its sign";
+  // \337 is 0xDF, the degree sign an LX200 sends; -0 keeps its sign.
+  EXPECT_EQ(DecodeLx200Angle("-00\33730#"), -30 * 60);
   EXPECT_EQ(DecodeLx200Angle("+48*07'30#"), 48 * kArcsec + 7 * 60 + 30) << "high precision";
   EXPECT_EQ(DecodeLx200Angle("+48*07"), std::nullopt) << "no closing #";
   EXPECT_EQ(DecodeLx200Angle("+4X*07#"), std::nullopt);
   EXPECT_EQ(DecodeLx200Angle("+48*75#"), std::nullopt);
 
-  EXPECT_EQ(DecodeLx200Longitude("348\xDF"
-                                 "29#"),
-            -(11 * kArcsec + 31 * 60))
-      << "counted westward past 180: east";
   EXPECT_EQ(DecodeLx200Longitude("+075*30#"), 75 * kArcsec + 30 * 60);
   EXPECT_EQ(DecodeLx200Longitude("-011*31#"), -(11 * kArcsec + 31 * 60)) << "signed, east < 0";
 
-  EXPECT_EQ(DecodeLx200UtcOffset("+05#"), 5);
   EXPECT_EQ(DecodeLx200UtcOffset("-05.5#"), -5.5);
   EXPECT_EQ(DecodeLx200UtcOffset("+5x#"), std::nullopt);
   EXPECT_EQ(DecodeLx200UtcOffset("#"), std::nullopt);
 
-  auto date = DecodeLx200Date("03/23/05#");
-  ASSERT_TRUE(date);
-  EXPECT_EQ(date->month * 10000 + date->day * 100 + date->year2, 32305);
   EXPECT_EQ(DecodeLx200Date("13/23/05#"), std::nullopt);
   EXPECT_EQ(DecodeLx200Date("03-23-05#"), std::nullopt);
-  auto time = DecodeLx200Time("21:30:07#");
-  ASSERT_TRUE(time);
-  EXPECT_EQ(time->hour * 10000 + time->minute * 100 + time->second, 213007);
   EXPECT_EQ(DecodeLx200Time("24:00:00#"), std::nullopt);
 }
 
-TEST(ScopeSiteReplies, NexStarLocationAndTimeBytes) {
-  auto location = DecodeNexStarLocation(std::string("\x30\x07\x02\x00\x0B\x1F\x00\x00#", 9));
-  ASSERT_TRUE(location);
-  EXPECT_EQ(location->latitudeDegrees, 48);
-  EXPECT_FALSE(location->south);
-  EXPECT_EQ(location->longitudeDegrees, 11);
-  EXPECT_TRUE(location->east) << "0 is east";
-  EXPECT_EQ(DecodeNexStarLocation(std::string("\x30\x07\x02\x00\x0B\x1F\x00\x00?", 9)),
-            std::nullopt);
-
-  auto time = DecodeNexStarTime(std::string("\x15\x1E\x00\x03\x17\x05\xFB\x01#", 9));
-  ASSERT_TRUE(time);
-  EXPECT_EQ(time->zoneHoursEast, -5) << "256 - 5";
-  EXPECT_TRUE(time->daylight);
-  ScopeClockReading clock = ClockOfNexStarTime(*time, "2005");
-  EXPECT_EQ(clock.year, 2005);
-  EXPECT_EQ(clock.hoursToUtc, 4) << "EST in daylight time is four hours behind";
+TEST(ScopeSiteReplies, UtcOfAHalfHourZoneEastBackIntoTheOldYear) {
+  EXPECT_EQ(Fields(UtcOfScopeClock({2005, 1, 1, 3, 0, 0, -5.5, false})),
+            (std::vector<int>{2004, 12, 31, 21, 30, 0}));
 }
 
-TEST(ScopeSiteReplies, UtcOfALocalClockReading) {
-  struct Row {
-    const char* legend;
-    ScopeClockReading reading;
-    std::vector<int> utc;  // y m d h m s
-  };
-  const Row rows[] = {
-      {"west of Greenwich, into the next day",
-       {2005, 3, 23, 21, 30, 0, 5, false},
-       {2005, 3, 24, 2, 30, 0}},
-      {"half-hour zone east, back into the old year",
-       {2005, 1, 1, 3, 0, 0, -5.5, false},
-       {2004, 12, 31, 21, 30, 0}},
-      {"Greenwich date kept, time rolled alone",
-       {2005, 3, 24, 22, 0, 0, 5, true},
-       {2005, 3, 24, 3, 0, 0}},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.legend);
-    UtcDateTime t = UtcOfScopeClock(row.reading);
-    EXPECT_EQ(std::vector<int>({t.year, t.month, t.day, t.hour, t.minute, t.second}), row.utc);
-  }
-}
-
+// The telescope stands 48 deg 7 min north, 11 deg 31 min east; its clock reads 21:30:00 on
+// 23 March 2005, five hours behind Greenwich (the NexStar's EST in daylight time: four).
 struct ScopeGpsHarness : WireHarness {
   explicit ScopeGpsHarness(int type, SimBehaviour behaviour = {}) : WireHarness(type, behaviour) {
     clock.now = {2005, 3, 23, 21, 30, 1};
-    MountState mount;
-    mount.lxLatitudeArcmin = 48 * 60 + 7;
-    mount.lxLongitudeArcmin = 348 * 60 + 29;  // 11 deg 31 min east
-    mount.lxUtcOffsetHours = 5;
-    mount.latitudeDegrees = 48;
-    mount.latitudeMinutes = 7;
-    mount.latitudeSeconds = 30;
-    mount.longitudeDegrees = 11;
-    mount.longitudeMinutes = 31;
-    mount.longitudeSeconds = 0;
-    mount.west = false;
-    mount.zoneHoursEast = -5;
-    mount.daylight = true;
-    sim.SetMount(mount);
+    sim.SetMount({.latitudeDegrees = 48,
+                  .latitudeMinutes = 7,
+                  .latitudeSeconds = 30,
+                  .longitudeDegrees = 11,
+                  .longitudeMinutes = 31,
+                  .longitudeSeconds = 0,
+                  .west = false,
+                  .zoneHoursEast = -5,
+                  .daylight = true,
+                  .lxLatitudeArcmin = 48 * 60 + 7,
+                  .lxLongitudeArcmin = 348 * 60 + 29,
+                  .lxUtcOffsetHours = 5});
   }
   LoadOutcome Load() { return ScopeGpsLoad(context, monitor); }
-  std::vector<int> SetTime(std::size_t i = 0) const {
-    const UtcDateTime& t = clock.setTimes.at(i);
-    return {t.year, t.month, t.day, t.hour, t.minute, t.second};
+  std::vector<int> SetTime() const {
+    return clock.setTimes.size() == 1 ? Fields(clock.setTimes[0]) : std::vector<int>{};
   }
-  ExchangeMonitor monitor;
 };
 
-TEST(ScopeGpsLoad, Lx200SiteAndClockSetPlaceAndComputerClock) {
-  ScopeGpsHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
-  EXPECT_EQ(h.sim.ReceivedBytes(), "#:Gt##:Gg##:GG##:GC##:GL#");
-  ASSERT_EQ(h.clock.setTimes.size(), 1u);
-  EXPECT_EQ(h.SetTime(), std::vector<int>({2005, 3, 24, 2, 30, 0}));
-  EXPECT_EQ(h.state.place.latitudeDegrees, 48);
-  EXPECT_DOUBLE_EQ(h.state.place.latitudeMinutes, 7);
-  EXPECT_EQ(h.state.place.longitudeDegrees, -11);
-  EXPECT_DOUBLE_EQ(h.state.place.longitudeMinutes, 31);
-  EXPECT_EQ(h.dialogs.Messages(), std::vector<std::string>{"Successful Scope Reading. Location "
-                                                           "and Time have been set."});
-  EXPECT_EQ(h.state.time.secondText, "01") << "the clock was read again";
-  EXPECT_FALSE(h.comm.IsOpen(kPort));
-  EXPECT_FALSE(h.monitor.busy);
-}
-
-TEST(ScopeGpsLoad, Lx200OffsetReadBackAsTheUploadSendsIt) {
-  ScopeGpsHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  h.clock.zone.daylight = true;
-  EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
-  EXPECT_EQ(h.SetTime(), std::vector<int>({2005, 3, 24, 1, 30, 0}))
-      << "in daylight time the telescope's offset is one hour more than the true one";
+TEST(ScopeGpsLoad, SiteAndClockSetPlaceAndComputerClock) {
+  const struct {
+    int type;
+    bool daylight;  // on the computer
+    const char* wire;
+    double latitudeMinutes;
+    std::vector<int> utc;
+  } rows[] = {
+      {4, false, "#:Gt##:Gg##:GG##:GC##:GL#", 7, {2005, 3, 24, 2, 30, 0}},
+      // The upload sends one hour more than the true offset in daylight time.
+      {4, true, "#:Gt##:Gg##:GG##:GC##:GL#", 7, {2005, 3, 24, 1, 30, 0}},
+      {1, false, "wh", 7.5, {2005, 3, 24, 1, 30, 0}},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.wire + std::string(row.daylight ? " in daylight time" : ""));
+    ScopeGpsHarness h(row.type);
+    ASSERT_SIM_STARTED(h);
+    h.clock.zone.daylight = row.daylight;
+    EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
+    EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
+    EXPECT_FALSE(h.sim.Received().front().twoStopBits);
+    EXPECT_EQ(h.SetTime(), row.utc);
+    EXPECT_EQ(h.state.place.latitudeDegrees, 48);
+    EXPECT_DOUBLE_EQ(h.state.place.latitudeMinutes, row.latitudeMinutes);
+    EXPECT_EQ(h.state.place.longitudeDegrees, -11);
+    EXPECT_DOUBLE_EQ(h.state.place.longitudeMinutes, 31);
+    EXPECT_EQ(h.dialogs.Messages(),
+              Shown("Successful Scope Reading. Location and Time have been set."));
+    EXPECT_EQ(h.state.time.secondText, "01") << "the clock was read again";
+    EXPECT_FALSE(h.comm.IsOpen(kPort));
+    EXPECT_FALSE(h.monitor.busy);
+  }
 }
 
 TEST(ScopeGpsLoad, AnUploadReadBackGivesTheSameMoment) {
@@ -157,94 +112,63 @@ TEST(ScopeGpsLoad, AnUploadReadBackGivesTheSameMoment) {
   EXPECT_EQ(h.SetTime(), std::vector<int>({2005, 3, 24, 1, 5, 9}));
 }
 
-TEST(ScopeGpsLoad, NexStarSiteAndClock) {
-  ScopeGpsHarness h(1);
-  ASSERT_SIM_STARTED(h);
-  EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
-  EXPECT_EQ(h.sim.ReceivedBytes(), "wh");
-  EXPECT_EQ(h.SetTime(), std::vector<int>({2005, 3, 24, 1, 30, 0}));
-  EXPECT_EQ(h.state.place.latitudeDegrees, 48);
-  EXPECT_DOUBLE_EQ(h.state.place.latitudeMinutes, 7.5);
-  EXPECT_EQ(h.state.place.longitudeDegrees, -11);
-  EXPECT_FALSE(h.sim.Received().front().twoStopBits);
-}
-
-TEST(ScopeGpsLoad, LocationOnlyAsksForTheSiteAlone) {
-  for (int type : {1, 4}) {
-    SCOPED_TRACE(type);
-    ScopeGpsHarness h(type);
+TEST(ScopeGpsLoad, TheClockIsLeftAloneForTheLocationOnlyAndARefusalIsReported) {
+  const struct {
+    int type;
+    bool locationOnly;
+    const char* wire;
+    const char* firstMessage;
+  } rows[] = {
+      {1, true, "w", "Successful Scope Reading. Location has been set"},
+      {4, true, "#:Gt##:Gg#", "Successful Scope Reading. Location has been set"},
+      {4, false, "#:Gt##:Gg##:GG##:GC##:GL#", "Windows will not accept GPS Time!"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.wire);
+    ScopeGpsHarness h(row.type);
     ASSERT_SIM_STARTED(h);
-    h.state.telescope.gpsLocationOnly = true;
+    h.state.telescope.gpsLocationOnly = row.locationOnly;
+    h.clock.acceptSetTime = false;
     EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
-    EXPECT_EQ(h.sim.ReceivedBytes(), type == 1 ? "w" : "#:Gt##:Gg#");
-    EXPECT_EQ(h.clock.setTimes.size(), 0u);
-    EXPECT_EQ(h.dialogs.Messages(),
-              std::vector<std::string>{"Successful Scope Reading. Location has been set"});
+    EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
+    EXPECT_EQ(h.clock.setTimes.size(), row.locationOnly ? 0u : 1u);
+    ASSERT_EQ(h.dialogs.Messages().size(), row.locationOnly ? 1u : 2u);
+    EXPECT_EQ(h.dialogs.Messages().front(), row.firstMessage);
+    EXPECT_EQ(h.diagnostics.str().find("CAP_SYS_TIME") != std::string::npos, !row.locationOnly);
+    EXPECT_EQ(h.state.place.latitudeDegrees, 48);
   }
 }
 
-TEST(ScopeGpsLoad, AClockThatRefusesIsReportedAndThePlaceIsStillSet) {
-  ScopeGpsHarness h(4);
-  ASSERT_SIM_STARTED(h);
-  h.clock.acceptSetTime = false;
-  EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
-  EXPECT_EQ(h.dialogs.Messages().front(), "Windows will not accept GPS Time!");
-  EXPECT_NE(h.diagnostics.str().find("CAP_SYS_TIME"), std::string::npos);
-  EXPECT_EQ(h.state.place.latitudeDegrees, 48);
-}
-
 TEST(ScopeGpsLoad, FailuresShowTheirMessageAndChangeNothing) {
-  struct Row {
+  const SimBehaviour hangUp{.hangUpAfterBytes = 1};
+  const struct {
     const char* legend;
     int type;
     SimBehaviour behaviour;
     int port;
     bool realTime;
     LoadOutcome outcome;
-    std::vector<std::string> messages;
+    const char* message;
+  } rows[] = {
+      {"garbage from an LX200", 4, WithFault(ReplyFault::kGarbage), kPort, true,
+       LoadOutcome::kFailed, "Invalid Scope Response"},
+      {"garbage from a NexStar", 1, WithFault(ReplyFault::kGarbage), kPort, true,
+       LoadOutcome::kFailed, "Invalid Scope Response"},
+      {"line hung up", 1, hangUp, kPort, true, LoadOutcome::kFailed, "UNABLE TO WRITE TO COM 1"},
+      {"no device", 4, SimBehaviour(), 2, true, LoadOutcome::kFailed, "UNABLE TO OPEN COM 2"},
+      {"a family without these queries", 2, SimBehaviour(), kPort, true, LoadOutcome::kNotStarted,
+       "Function not Available"},
+      {"fictitious time", 4, SimBehaviour(), kPort, false, LoadOutcome::kNotStarted,
+       "Must be in Real-Time Mode for Scope Load"},
   };
-  SimBehaviour hangUp;
-  hangUp.hangUpAfterBytes = 1;
-  const Row rows[] = {
-      {"garbage from an LX200",
-       4,
-       WithFault(ReplyFault::kGarbage),
-       kPort,
-       true,
-       LoadOutcome::kFailed,
-       {"Invalid Scope Response"}},
-      {"garbage from a NexStar",
-       1,
-       WithFault(ReplyFault::kGarbage),
-       kPort,
-       true,
-       LoadOutcome::kFailed,
-       {"Invalid Scope Response"}},
-      {"line hung up", 1, hangUp, kPort, true, LoadOutcome::kFailed, {"UNABLE TO WRITE TO COM 1"}},
-      {"no device", 4, {}, 2, true, LoadOutcome::kFailed, {"UNABLE TO OPEN COM 2"}},
-      {"a family without these queries",
-       2,
-       {},
-       kPort,
-       true,
-       LoadOutcome::kNotStarted,
-       {"Function not Available"}},
-      {"fictitious time",
-       4,
-       {},
-       kPort,
-       false,
-       LoadOutcome::kNotStarted,
-       {"Must be in Real-Time Mode for Scope Load"}},
-  };
-  for (const Row& row : rows) {
+  for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
     ScopeGpsHarness h(row.type, row.behaviour);
     ASSERT_SIM_STARTED(h);
     h.state.telescope.comPort = row.port;
     h.state.time.realTimeMode = row.realTime;
     EXPECT_EQ(h.Load(), row.outcome);
-    EXPECT_EQ(h.dialogs.Messages(), row.messages);
+    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
     EXPECT_FALSE(h.state.place.locationOption);
     EXPECT_EQ(h.state.place.homeLatitude, 0);
     EXPECT_EQ(h.clock.setTimes.size(), 0u);
@@ -255,7 +179,7 @@ TEST(ScopeGpsLoad, FailuresShowTheirMessageAndChangeNothing) {
 TEST(ScopeGpsLoad, ClosingTheWindowEndsTheWaitForASilentTelescope) {
   ScopeGpsHarness h(4, WithFault(ReplyFault::kSilent));
   ASSERT_SIM_STARTED(h);
-  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Gt#") >= 3; }, h.monitor);
+  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Gt#") >= 3; });
   EXPECT_EQ(h.Load(), LoadOutcome::kCancelled);
   EXPECT_EQ(h.dialogs.shown.size(), 0u);
   EXPECT_FALSE(h.comm.IsOpen(kPort));

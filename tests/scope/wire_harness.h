@@ -1,13 +1,17 @@
-// A simulated mount on a pseudo-terminal behind COM1, with the real CommPorts, the fake ports and
-// a shared state ready for a telescope exchange.
+// The rig of every exchange test: the real CommPorts with COM1 behind a pseudo-terminal that a
+// simulated mount or GPS receiver answers (every other port has no device), the fake ports, and
+// the shared state of a working observer.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "scope/comm_io.h"
+#include "scope/exchange_monitor.h"
 #include "scope/scope_link.h"
 #include "tests/support/fake_ports.h"
 #include "tests/support/scope_simulator.h"
@@ -16,50 +20,47 @@ namespace astel::testing {
 
 inline constexpr int kPort = 1;
 
-// The state of a working observer: real-time mode on a date the tests can reason about.
-inline void SetStateDefaults(SharedState& state) {
-  state.telescope.comPort = kPort;
-  state.time.realTimeMode = true;
-  state.time.year = 2005;
-  state.time.month = 3;
-  state.time.day = 23;
-  state.time.yearText = "2005";
-  state.time.monthText = "03";
-  state.time.dayText = "23";
-  state.time.hourText = "21";
-  state.time.minuteText = "05";
-  state.time.secondText = "09";
-}
-
 inline SimBehaviour WithFault(ReplyFault fault) {
-  SimBehaviour behaviour;
-  behaviour.fault = fault;
-  return behaviour;
+  return {.fault = fault};
 }
 
-struct WireHarness {
-  explicit WireHarness(int scopeType, SimBehaviour behaviour = {})
-      : sim(scopeType, behaviour),
-        comm(events, diagnostics,
-             [this](int n) {
-               return n == kPort ? sim.DevicePath() : "/nonexistent/tty" + std::to_string(n);
+// The messages expected of an exchange that shows at most one: none for nullptr.
+inline std::vector<std::string> Shown(const char* message) {
+  return message ? std::vector<std::string>{message} : std::vector<std::string>{};
+}
+
+// Year, month, day, hour, minute, second.
+inline std::vector<int> Fields(const UtcDateTime& t) {
+  return {t.year, t.month, t.day, t.hour, t.minute, t.second};
+}
+
+struct PortRig {
+  explicit PortRig(std::function<std::string()> device)
+      : comm(events, diagnostics,
+             [device](int n) {
+               return n == kPort ? device() : "/nonexistent/tty" + std::to_string(n);
              }),
         context{state, comm, dialogs, events, clock} {
-    started = sim.Start();
-    state.telescope.scopeType = static_cast<std::int16_t>(scopeType);
-    SetStateDefaults(state);
+    // Real-time mode, the display showing 23 March 2005, 21:05:09.
+    state.telescope.comPort = kPort;
+    state.time.realTimeMode = true;
+    state.time.yearText = "2005";
+    state.time.monthText = "03";
+    state.time.dayText = "23";
+    state.time.hourText = "21";
+    state.time.minuteText = "05";
+    state.time.secondText = "09";
+    monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };
   }
 
   // The user closes the window as soon as `condition` holds (checked at every event pass): the
   // way out of an exchange that would otherwise wait forever.
-  template <typename Monitor, typename Condition>
-  void CloseWindowWhen(Condition condition, Monitor& monitor) {
-    events.onDoEvents = [condition, &monitor] {
+  void CloseWindowWhen(std::function<bool()> condition) {
+    events.onDoEvents = [this, condition] {
       if (condition()) monitor.cancelRequested = true;
     };
   }
 
-  ScopeSimulator sim;
   FakeEvents events;
   ScriptedDialogs dialogs;
   FakeClock clock;
@@ -67,7 +68,18 @@ struct WireHarness {
   CommPorts comm;
   SharedState state;
   ScopeContext context;
+  ExchangeMonitor monitor;
+  std::vector<std::string> statuses;  // every status text shown, in order
   bool started = false;
+};
+
+struct WireHarness : PortRig {
+  explicit WireHarness(int scopeType, SimBehaviour behaviour = {})
+      : PortRig([this] { return sim.DevicePath(); }), sim(scopeType, behaviour) {
+    started = sim.Start();
+    state.telescope.scopeType = static_cast<std::int16_t>(scopeType);
+  }
+  ScopeSimulator sim;
 };
 
 #define ASSERT_SIM_STARTED(harness) \

@@ -17,10 +17,7 @@ void FakeEvents::DoEvents() {
 
 void FakeEvents::Sleep(int milliseconds) {
   sleeps.push_back(milliseconds);
-  sleptMs += milliseconds;
-  if (!fakeSleep_ && milliseconds > 0) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-  }
+  if (milliseconds > 0) std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 }  // namespace astel::testing

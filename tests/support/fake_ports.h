@@ -14,23 +14,20 @@
 
 namespace astel::testing {
 
-// Counts event passes and pauses. Sleep really sleeps unless `fakeSleep` is set (then it only
-// advances `sleptMs`): wire tests need real time, since the simulated mount answers in it.
+// Counts event passes and records pauses. Sleep really sleeps: wire tests need real time, since
+// the simulated mount answers in it.
 class FakeEvents : public Events {
  public:
-  explicit FakeEvents(bool fakeSleep = false) : fakeSleep_(fakeSleep) {}
   void DoEvents() override;
   void Sleep(int milliseconds) override;
 
   int doEventsCount = 0;
-  long sleptMs = 0;
   std::vector<int> sleeps;
   // Runs at every event pass: the place where a test plays the user (closes a window, releases a
   // button, fires a timer) while a telescope exchange waits.
   std::function<void()> onDoEvents;
 
  private:
-  bool fakeSleep_;
   bool inHook_ = false;
 };
 
@@ -40,13 +37,11 @@ class FakeTimer : public Timer {
   void Start(int ms) override {
     running = true;
     intervalMs = ms;
-    ++starts;
   }
   void Stop() override { running = false; }
 
   bool running = false;
   int intervalMs = 0;
-  int starts = 0;
 };
 
 }  // namespace astel::testing

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <cstdio>
 
 namespace astel::testing {
 
@@ -66,15 +65,6 @@ void GpsFeeder::Serve() {
     while (!stop_ && ReaderPresent())
       pause(5);  // wait for this session to end before the next one starts the list again
   }
-}
-
-std::string WithChecksum(const std::string& sentence) {
-  unsigned char sum = 0;
-  for (std::size_t i = 1; i < sentence.size(); ++i)
-    sum ^= static_cast<unsigned char>(sentence[i]);
-  char hex[4];
-  std::snprintf(hex, sizeof hex, "%02X", sum);
-  return sentence + "*" + hex;
 }
 
 }  // namespace astel::testing

@@ -41,7 +41,4 @@ class GpsFeeder {
   std::atomic<int> sent_{0};
 };
 
-// Appends the NMEA checksum "*hh" to a sentence that starts with "$".
-std::string WithChecksum(const std::string& sentence);
-
 }  // namespace astel::testing

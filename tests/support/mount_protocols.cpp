@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
+#include <string_view>
 
 namespace astel::testing {
 
@@ -14,12 +16,20 @@ std::string Format(const char* pattern, auto... values) {
   return buffer;
 }
 
+// One byte for each value, then "#".
+std::string Bytes(std::initializer_list<int> values) {
+  std::string bytes;
+  for (int value : values)
+    bytes.push_back(static_cast<char>(value));
+  return bytes + "#";
+}
+
 std::uint16_t StepsOfHex(const std::string& text) {
   return static_cast<std::uint16_t>(std::strtoul(text.c_str(), nullptr, 16));
 }
 
 // NexStar hand controller, version 2 and later: "R" goto, "J" aligned, "E" position,
-// "P" pass-through, "w"/"h" site and clock, "V" version.
+// "P" pass-through, "w"/"h" site and clock.
 class NexStarProtocol : public MountProtocol {
  public:
   std::optional<SimCommand> Feed(unsigned char byte, MountState& mount,
@@ -38,20 +48,10 @@ class NexStarProtocol : public MountProtocol {
 
  private:
   static int CommandLength(unsigned char letter) {
-    switch (letter) {
-      case 'R':
-        return 10;  // RRRR,DDDD
-      case 'P':
-        return 8;
-      case 'J':
-      case 'E':
-      case 'w':
-      case 'h':
-      case 'V':
-        return 1;
-      default:
-        return 0;
-    }
+    if (letter == 'R') return 10;  // RRRR,DDDD
+    if (letter == 'P') return 8;
+    const std::string_view oneLetter = "JEwh";
+    return oneLetter.find(static_cast<char>(letter)) == std::string_view::npos ? 0 : 1;
   }
 
   static std::string Answer(const std::string& c, MountState& mount) {
@@ -61,7 +61,7 @@ class NexStarProtocol : public MountProtocol {
         mount.decSteps = StepsOfHex(c.substr(6, 4));
         return "#";
       case 'J':
-        return std::string(1, mount.aligned ? '\x01' : '\x00') + "#";
+        return Bytes({mount.aligned});
       case 'E':
         return Format("%04X,%04X#", mount.raSteps, mount.decSteps);
       case 'P': {
@@ -71,28 +71,12 @@ class NexStarProtocol : public MountProtocol {
         return std::string(static_cast<std::size_t>(replyBytes), '\0') + "#";
       }
       case 'w':
-        return std::string{static_cast<char>(mount.latitudeDegrees),
-                           static_cast<char>(mount.latitudeMinutes),
-                           static_cast<char>(mount.latitudeSeconds),
-                           static_cast<char>(mount.south ? 1 : 0),
-                           static_cast<char>(mount.longitudeDegrees),
-                           static_cast<char>(mount.longitudeMinutes),
-                           static_cast<char>(mount.longitudeSeconds),
-                           static_cast<char>(mount.west ? 1 : 0),
-                           '#'};
-      case 'h':
-        return std::string{static_cast<char>(mount.hour),
-                           static_cast<char>(mount.minute),
-                           static_cast<char>(mount.second),
-                           static_cast<char>(mount.month),
-                           static_cast<char>(mount.day),
-                           static_cast<char>(mount.year2),
-                           static_cast<char>(mount.zoneHoursEast < 0 ? 256 + mount.zoneHoursEast
-                                                                     : mount.zoneHoursEast),
-                           static_cast<char>(mount.daylight ? 1 : 0),
-                           '#'};
-      case 'V':
-        return "\x04\x0A#";
+        return Bytes({mount.latitudeDegrees, mount.latitudeMinutes, mount.latitudeSeconds,
+                      mount.south, mount.longitudeDegrees, mount.longitudeMinutes,
+                      mount.longitudeSeconds, mount.west});
+      case 'h':  // the zone as a byte: 256 less the hours west
+        return Bytes({mount.hour, mount.minute, mount.second, mount.month, mount.day, mount.year2,
+                      (mount.zoneHoursEast + 256) % 256, mount.daylight});
       default:
         return "";
     }

@@ -22,7 +22,7 @@ struct MountState {
   std::uint16_t raSteps = 0, decSteps = 0;              // where it points
   std::uint16_t targetRaSteps = 0, targetDecSteps = 0;  // LX200 target before :MS
   bool aligned = true;
-  std::vector<MotorCommand> motions;
+  std::vector<MotorCommand> motions{};
 
   // NexStar GPS site and clock ("w" and "h").
   int latitudeDegrees = 51, latitudeMinutes = 28, latitudeSeconds = 38;

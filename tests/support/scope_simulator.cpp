@@ -8,32 +8,20 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
 
 namespace astel::testing {
 
 namespace {
 
 int BaudOf(speed_t speed) {
-  switch (speed) {
-    case B1200:
-      return 1200;
-    case B2400:
-      return 2400;
-    case B4800:
-      return 4800;
-    case B9600:
-      return 9600;
-    case B19200:
-      return 19200;
-    case B38400:
-      return 38400;
-    case B57600:
-      return 57600;
-    case B115200:
-      return 115200;
-    default:
-      return 0;
+  const std::pair<speed_t, int> speeds[] = {{B1200, 1200},   {B2400, 2400},    {B4800, 4800},
+                                            {B9600, 9600},   {B19200, 19200},  {B38400, 38400},
+                                            {B57600, 57600}, {B115200, 115200}};
+  for (auto [code, baud] : speeds) {
+    if (code == speed) return baud;
   }
+  return 0;
 }
 
 }  // namespace
@@ -92,7 +80,6 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
       received_.push_back(
           {bytes[i], now, (line.c_cflag & CSTOPB) != 0, BaudOf(cfgetispeed(&line))});
-      if (onByte) onByte(bytes[i]);
       if (behaviour_.hangUpAfterBytes >= 0 &&
           static_cast<int>(received_.size()) >= behaviour_.hangUpAfterBytes) {
         hungUp_ = true;
@@ -164,11 +151,6 @@ void ScopeSimulator::ClearRecords() {
   std::lock_guard lock(mutex_);
   received_.clear();
   commands_.clear();
-}
-
-bool ScopeSimulator::HungUp() const {
-  std::lock_guard lock(mutex_);
-  return hungUp_;
 }
 
 bool ScopeSimulator::WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const {

@@ -5,7 +5,6 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -25,10 +24,10 @@ enum class ReplyFault {
 
 struct SimBehaviour {
   ReplyFault fault = ReplyFault::kNone;
-  std::string faultOnlyFor;    // the fault hits only commands starting with this; empty: all
+  std::string faultOnlyFor{};  // the fault hits only commands starting with this; empty: all
   int ignoreFirstQueries = 0;  // the first n commands that expect an answer get none
   int hangUpAfterBytes = -1;   // drops the line when this many bytes have arrived
-  MountRules rules;
+  MountRules rules{};
 };
 
 struct ReceivedByte {
@@ -55,16 +54,12 @@ class ScopeSimulator {
   std::vector<std::string> Commands() const;  // each complete command, in order
   int CountCommands(const std::string& bytes) const;
   void ClearRecords();
-  bool HungUp() const;
   // Waits (real time) until `count` commands have arrived; false on time-out.
   bool WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const;
 
   MountState Mount() const;
   void SetMount(const MountState& mount);
   void SetBehaviour(const SimBehaviour& behaviour);
-
-  // Called on the simulator's thread for every received byte (the standalone program logs them).
-  std::function<void(unsigned char)> onByte;
 
  private:
   void Serve();

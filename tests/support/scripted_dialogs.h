@@ -31,17 +31,9 @@ class ScriptedDialogs : public Dialogs {
   std::vector<Shown> shown;                  // everything, in order
   std::function<void(const Shown&)> onShow;  // runs as each box appears: the test plays the user
 
-  void QueueInput(std::string answer) { answers.push_back(std::move(answer)); }
   void QueueYesNo(bool yes) { choices.push_back(yes); }
   void QueueOkCancel(bool ok) { choices.push_back(ok); }
   std::vector<std::string> Messages() const { return messages; }
-  std::vector<std::string> Prompts(Kind kind) const {
-    std::vector<std::string> texts;
-    for (const Shown& item : shown) {
-      if (item.kind == kind) texts.push_back(item.text);
-    }
-    return texts;
-  }
 
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& defaultAnswer) override {
