@@ -39,6 +39,15 @@ class QuietShell : public Shell {
   bool StartProgram(const std::string&, const std::string&) override { return true; }
 };
 
+// Every prompt answered at once and nothing drawn, so only the scan is timed.
+struct QuietPorts {
+  QuietDialogs dialogs;
+  QuietEvents events;
+  QuietWindow window;
+  QuietShell shell;
+  CatalogPorts ports{dialogs, events, window, shell};
+};
+
 // A folder holding the catalog under test and the matches file it writes.
 struct Workspace {
   std::string dir, file;
@@ -109,11 +118,8 @@ void RawLineCount(benchmark::State& bench, const std::string& source) {
 void ScanNoMatch(benchmark::State& bench, const std::string& source) {
   Workspace w(source);
   SharedState s = Observer(w);
-  QuietDialogs dialogs;
-  QuietEvents events;
-  QuietWindow window;
-  QuietShell shell;
-  CatalogPorts ports{dialogs, events, window, shell};
+  QuietPorts quiet;
+  CatalogPorts& ports = quiet.ports;
   SearchRequest request;
   request.text = "Zzyzx Qq";
   for (auto _ : bench)
@@ -124,11 +130,8 @@ void ScanNoMatch(benchmark::State& bench, const std::string& source) {
 void SaveMatchesOfEverything(benchmark::State& bench, const std::string& source) {
   Workspace w(source);
   SharedState s = Observer(w);
-  QuietDialogs dialogs;
-  QuietEvents events;
-  QuietWindow window;
-  QuietShell shell;
-  CatalogPorts ports{dialogs, events, window, shell};
+  QuietPorts quiet;
+  CatalogPorts& ports = quiet.ports;
   SearchRequest request;
   request.text = "*";
   for (auto _ : bench) {
