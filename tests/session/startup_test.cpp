@@ -32,26 +32,14 @@ TEST_F(StartupTest, ReadsThePlaceAndTheClock) {
   EXPECT_TRUE(state.form.timer1Enabled);
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_EQ(state.display.nightColors[17], 0x808080u);
-}
 
-TEST_F(StartupTest, StoredOffsetAndDateOrder) {
-  home.homeLatitude = 40.7 / kDegreesPerRadianExact;
-  home.homeLongitude = 74.0 / kDegreesPerRadianExact;
+  // A stored offset is used as it stands.
   home.gmtOffset = 5;
   home.useStoredGmtOffset = true;
-  clock.zone = {-60, -120, true};
-  ASSERT_EQ(Launch(), kExitSuccess);
+  ASSERT_EQ(SaveHomeFile(HomePath("STORED.HOM"), home), "");
+  ASSERT_TRUE(LoadSelectedHomeFile(state, context, "STORED.HOM"));
   EXPECT_DOUBLE_EQ(state.place.gmtOffset, 5);
   EXPECT_DOUBLE_EQ(state.place.zoneBiasHours, 5);
-  EXPECT_TRUE(state.place.usDateOrder);
-}
-
-TEST_F(StartupTest, FirstStartRecordsItsDate) {
-  home.firstStartDate = 0;
-  ASSERT_EQ(Launch(), kExitSuccess);
-  auto saved = LoadHomeFile(HomePath());
-  ASSERT_TRUE(saved);
-  EXPECT_DOUBLE_EQ(saved->firstStartDate, state.time.julianDate);
 }
 
 TEST_F(StartupTest, UnreadableHomeFileEndsTheRunWithNothingApplied) {
@@ -76,11 +64,11 @@ TEST_F(StartupTest, OlderLayoutAsksForTheTelescope) {
   EXPECT_EQ(state.telescope.scopeCode, 401);
   EXPECT_FALSE(state.telescope.scopeHasGps);
   EXPECT_TRUE(std::filesystem::exists(desktop.path() + "/ASTEL.desktop"));
-  // Its GPS flag stood where the older layout keeps the first-start date: rewritten at once, now
-  // in the current layout.
+  // Its GPS flag stood where the older layout keeps the first-start date: rewritten at once with
+  // today's date, now in the current layout.
   auto saved = LoadHomeFile(HomePath());
   ASSERT_TRUE(saved);
-  EXPECT_GT(saved->firstStartDate, kFirstStartUnset);
+  EXPECT_DOUBLE_EQ(saved->firstStartDate, state.time.julianDate);
 }
 
 TEST_F(StartupTest, VersionTelescopeAndColours) {
@@ -101,12 +89,8 @@ TEST_F(StartupTest, VersionTelescopeAndColours) {
   EXPECT_EQ(state.display.foreColor, 65535u);
 }
 
-TEST_F(StartupTest, WhiteBackgroundAndNightVisionColours) {
-  home.backColor = 16777215;
+TEST_F(StartupTest, LoadingAtNightKeepsTheColoursForTheDay) {
   ASSERT_EQ(Launch(), kExitSuccess);
-  EXPECT_EQ(state.display.accentColor, 16777215u);
-
-  // Loading a file while night vision is on keeps its colours for the day.
   state.display.nightVision = true;
   state.display.backColor = 128;
   home.backColor = 12345;
