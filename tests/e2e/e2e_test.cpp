@@ -9,6 +9,7 @@
 
 #include "core/home_file.h"
 #include "core/location.h"
+#include "tests/catalog/catalog_files.h"
 #include "tests/e2e/program_run.h"
 #include "tests/support/scope_simulator.h"
 #include "tests/support/temp_dir.h"

@@ -10,7 +10,6 @@
 #include "ui/data_entry.h"
 #include "ui/file_select.h"
 #include "ui/help_form.h"
-#include "ui/searching_window.h"
 
 namespace astel::uitest {
 
@@ -21,22 +20,6 @@ class DialogsTest : public QObject {
 
  private slots:
   void cleanup() { QVERIFY2(NoUnexpectedBox(), "a box no answer was queued for"); }
-
-  void searchingWindowShowsTheScanAndCancels() {
-    TestProgram p;
-    ui::SearchingWindow window(p.state.search, nullptr);
-    SearchWindow& port = window;
-    port.Show("Searching for M  in Catalog FULL.OBC");
-    port.SetProgress("Searching for M  in Catalog FULL.OBC    300");
-    QVERIFY(window.isVisible());
-    QCOMPARE(window.progressLabel()->text(),
-             QString("Searching for M  in Catalog FULL.OBC    300"));
-    QTest::mouseClick(window.cancelButton(), Qt::LeftButton);
-    QVERIFY(p.state.search.cancelRequested);
-    QVERIFY2(window.isVisible(), "only the scan hides the window, when it has stopped");
-    port.Hide();
-    QVERIFY(!window.isVisible());
-  }
 
   void fileSelectLoadsAHomeFile() {
     TestProgram p;
