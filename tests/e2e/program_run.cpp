@@ -5,9 +5,8 @@
 
 #include <csignal>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
-#include <sstream>
+
+#include "tests/catalog/catalog_files.h"
 
 namespace astel::testing {
 
@@ -28,21 +27,6 @@ std::string FakeTimeProgram() {
     if (::access(path, X_OK) == 0) return path;
   }
   return {};
-}
-
-std::string ReadFile(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-std::vector<std::string> Lines(const std::string& text) {
-  std::vector<std::string> lines;
-  std::istringstream in(text);
-  for (std::string line; std::getline(in, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(line);
-  }
-  return lines;
 }
 
 RunResult ProgramRun::Run(const std::vector<std::string>& arguments) const {

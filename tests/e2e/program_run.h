@@ -30,9 +30,4 @@ struct ProgramRun {
 // The faketime wrapper, or "" when it is not installed.
 std::string FakeTimeProgram();
 
-std::string ReadFile(const std::string& path);
-
-// The lines of a text, CR LF or LF ends removed.
-std::vector<std::string> Lines(const std::string& text);
-
 }  // namespace astel::testing

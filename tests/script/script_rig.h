@@ -18,29 +18,24 @@ namespace astel::testing {
 class ClockEvents : public Events {
  public:
   explicit ClockEvents(FakeClock& clock) : clock_(clock) {}
-  void DoEvents() override { ++passes; }
+  void DoEvents() override {}
   void Sleep(int milliseconds) override {
     sleptMs += milliseconds;
-    carryMs_ += milliseconds;
-    while (carryMs_ >= 1000) {
-      carryMs_ -= 1000;
-      Advance();
+    for (carryMs_ += milliseconds; carryMs_ >= 1000; carryMs_ -= 1000) {
+      LocalDateTime& t = clock_.now;
+      int second = (t.hour * 60 + t.minute) * 60 + t.second + 1;
+      if (second == 24 * 3600) {
+        second = 0;
+        ++t.day;  // the tests stay inside one month
+      }
+      t.hour = second / 3600;
+      t.minute = second / 60 % 60;
+      t.second = second % 60;
     }
   }
   long sleptMs = 0;
-  int passes = 0;
 
  private:
-  void Advance() {
-    LocalDateTime& t = clock_.now;
-    if (++t.second < 60) return;
-    t.second = 0;
-    if (++t.minute < 60) return;
-    t.minute = 0;
-    if (++t.hour < 24) return;
-    t.hour = 0;
-    ++t.day;  // the tests stay inside one month
-  }
   FakeClock& clock_;
   int carryMs_ = 0;
 };
@@ -86,8 +81,7 @@ class ScriptRig : public StartedProgram {
   NoSearchWindow searchWindow;
   std::ostringstream diagnostics;
   CatalogPorts catalogPorts{dialogs, events, searchWindow, shell};
-  std::string device = "/nonexistent/tty";
-  CommPorts comm{events, diagnostics, [this](int) { return device; }};
+  CommPorts comm{events, diagnostics, [](int) { return std::string("/nonexistent/tty"); }};
   ScriptContext context{state, dialogs, clock, events, shell, catalogPorts, comm};
 };
 

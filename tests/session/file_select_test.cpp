@@ -6,51 +6,46 @@
 namespace astel {
 namespace {
 
-TEST(FileSelect, ScopeGpsButtonFollowsTheTelescope) {
-  struct Case {
+TEST(FileSelect, ScopeGpsButtonAndLoadTimeFollowTheTelescope) {
+  const struct {
     const char* legend;
     int type;
     bool gps;
     const char* caption;
     bool enabled;
   } cases[] = {
-      {"no telescope", 0, false, "Load Position from Telescope", false},
+      {"no telescope", 0, true, "Load Position from Telescope", false},
       {"Celestron without GPS", 1, false, "Load from Celestron GPS Scope", false},
       {"Celestron with GPS", 1, true, "Load from Celestron GPS Scope", true},
-      {"original NexStar", 2, true, "Load Position from Telescope", false},
       {"Meade", 4, false, "Load Position from Meade Scope", true},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     TelescopeState t;
     t.scopeType = static_cast<std::int16_t>(c.type);
     t.scopeHasGps = c.gps;
-    const ScopeGpsButton b = ScopeGpsButtonState(t);
-    EXPECT_EQ(b.caption, c.caption) << c.legend;
-    EXPECT_EQ(b.enabled, c.enabled) << c.legend;
+    EXPECT_EQ(ScopeGpsButtonState(t).caption, c.caption) << c.legend;
+    EXPECT_EQ(ScopeGpsButtonState(t).enabled, c.enabled) << c.legend;
   }
-  TelescopeState meade;
-  meade.scopeType = 4;
-  EXPECT_EQ(ScopeGpsButtonState(meade).toolTip,
-            "Begin the process of loading data from a Meade Goto telescope");
-}
-
-TEST(FileSelect, LoadTimeCheckBox) {
   SharedState s;
+  s.telescope.scopeType = 4;
+  EXPECT_EQ(ScopeGpsButtonState(s.telescope).toolTip,
+            "Begin the process of loading data from a Meade Goto telescope");
+
+  // The Load Time box shows the opposite of "location only".
   s.telescope.gpsLocationOnly = true;
   EXPECT_FALSE(LoadTimeChecked(s.telescope));
   SetLoadTime(s, true);
-  EXPECT_FALSE(s.telescope.gpsLocationOnly);
-  EXPECT_TRUE(s.program.configChanged);
   EXPECT_TRUE(LoadTimeChecked(s.telescope));
+  EXPECT_TRUE(s.program.configChanged);
 }
 
 TEST(ScopeRows, StoredCodesLeadBackToTheirRow) {
-  struct Case {
+  // Plain codes, the codes a row's GPS questions put in its place, and codes of no row.
+  const struct {
     int code, row;
-  } cases[] = {{10000, 0}, {101, 1}, {102, 2}, {107, 2},  {108, 2},  {103, 3}, {104, 4},
-               {105, 4},   {106, 4}, {201, 5}, {301, 6},  {302, 7},  {401, 8}, {405, 8},
-               {406, 8},   {407, 8}, {402, 9}, {403, 10}, {404, 11}, {3, -1},  {0, -1}};
-  for (const Case& c : cases) {
+  } cases[] = {{10000, 0}, {103, 3}, {201, 5}, {404, 11}, {107, 2},
+               {108, 2},   {106, 4}, {407, 8}, {3, -1},   {0, -1}};
+  for (const auto& c : cases) {
     EXPECT_EQ(ScopeRowOfCode(c.code), c.row) << "code " << c.code;
   }
 }

@@ -1,5 +1,5 @@
-// A started program on a fixed clock with a scripted Dialogs: the base of the tests that drive
-// the main window's buttons and of the script tests, with a shell that only records.
+// A program on a fixed clock with a scripted Dialogs: the base of the start-up tests, of the tests
+// that drive the main window's buttons and of the script tests, with a shell that only records.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,9 +14,18 @@
 
 namespace astel::testing {
 
-class NoWindows : public Windows {
+// Opening the telescope selection stands for an observer who picks a Meade LX200 there.
+class PickingWindows : public Windows {
  public:
-  void OpenScopeSelection() override {}
+  explicit PickingWindows(SharedState& state) : state_(state) {}
+  void OpenScopeSelection() override {
+    ++selections;
+    state_.telescope.scopeCode = 401;
+  }
+  int selections = 0;
+
+ private:
+  SharedState& state_;
 };
 
 // Records the programs and documents it is asked to start ("program|parameters").
@@ -45,20 +54,28 @@ class StartedProgram : public ::testing::Test {
   }
   void SetUp() override { Start(""); }
 
-  // Saves `home`, starts the program with the script and runs its first tick.
+  std::string HomePath(const std::string& name = "ASTEL.HOM") { return dir.path() + "/" + name; }
+  // Saves `home` as ASTEL.HOM and runs the start-up with the script.
+  int Launch(const std::string& script = "") {
+    EXPECT_EQ(SaveHomeFile(HomePath(), home), "");
+    return LaunchAsIs(script);
+  }
+  int LaunchAsIs(const std::string& script = "") {
+    StartupInputs in{dir.path(), "", script, "/usr/bin/astel", desktop.path()};
+    return Startup(state, in, dialogs, clock, windows);
+  }
+  // A successful start-up followed by the main window's first tick.
   void Start(const std::string& script) {
-    ASSERT_EQ(SaveHomeFile(dir.path() + "/ASTEL.HOM", home), "");
-    StartupInputs in{dir.path(), "", script, "", ""};
-    ASSERT_EQ(Startup(state, in, dialogs, clock, windows), kExitSuccess);
+    ASSERT_EQ(Launch(script), kExitSuccess);
     logic.Tick();
   }
 
   HomeFileRecord home;
-  TempDir dir;
+  TempDir dir, desktop;
   FakeClock clock;
   ScriptedDialogs dialogs;
-  NoWindows windows;
   SharedState state;
+  PickingWindows windows{state};
   MainWindowLogic logic{state, clock, dialogs};
 };
 

@@ -1,48 +1,25 @@
 // The dialogs without a device behind them: each opens with its controls, and their clicks reach
 // the logic. The telescope and GPS exchanges are in telescope_dialogs_test.cpp.
-#include <QFile>
 #include <QPushButton>
 #include <QtTest>
 
 #include "catalog/help_topics.h"
+#include "tests/catalog/catalog_files.h"
 #include "tests/ui/ui_test_program.h"
 #include "ui/catalog_select.h"
 #include "ui/data_entry.h"
 #include "ui/file_select.h"
 #include "ui/help_form.h"
-#include "ui/searching_window.h"
 
 namespace astel::uitest {
 
-namespace {
-
-void Write(const std::string& path, const std::string& text) {
-  QFile f(QString::fromStdString(path));
-  f.open(QIODevice::WriteOnly);
-  f.write(text.data(), static_cast<qint64>(text.size()));
-}
-
-}  // namespace
+using testing::WriteFile;
 
 class DialogsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void searchingWindowShowsTheScanAndCancels() {
-    TestProgram p;
-    ui::SearchingWindow window(p.state.search, nullptr);
-    SearchWindow& port = window;
-    port.Show("Searching for M  in Catalog FULL.OBC");
-    port.SetProgress("Searching for M  in Catalog FULL.OBC    300");
-    QVERIFY(window.isVisible());
-    QCOMPARE(window.progressLabel()->text(),
-             QString("Searching for M  in Catalog FULL.OBC    300"));
-    QTest::mouseClick(window.cancelButton(), Qt::LeftButton);
-    QVERIFY(p.state.search.cancelRequested);
-    QVERIFY2(window.isVisible(), "only the scan hides the window, when it has stopped");
-    port.Hide();
-    QVERIFY(!window.isVisible());
-  }
+  void cleanup() { QVERIFY2(NoUnexpectedBox(), "a box no answer was queued for"); }
 
   void fileSelectLoadsAHomeFile() {
     TestProgram p;
@@ -65,8 +42,7 @@ class DialogsTest : public QObject {
     QCOMPARE(window.latitudeDegrees()->text(), QString("51"));
     window.latitudeDegrees()->setText("95");
     window.okButton()->click();
-    QCOMPARE(p.dialogs.messages.back(),
-             std::string("Degrees of latitude must be between 0 and 89"));
+    QCOMPARE(p.dialogs.messages.size(), std::size_t{1});
     QVERIFY(window.result() != QDialog::Accepted);
 
     window.latitudeDegrees()->setText("33");
@@ -81,9 +57,9 @@ class DialogsTest : public QObject {
 
   void catalogSelectListsCatalogsAndOpensTheClickedOne() {
     TestProgram p;
-    Write(p.Folder() + "MINE.OBC", "MINE    2000 my objects\r\n");
-    Write(p.Folder() + "other.obc", "OTHER   2000\r\n");
-    Write(p.Folder() + "notes.txt", "x\n");
+    WriteFile(p.Folder() + "MINE.OBC", "MINE    2000 my objects\r\n");
+    WriteFile(p.Folder() + "other.obc", "OTHER   2000\r\n");
+    WriteFile(p.Folder() + "notes.txt", "x\n");
     ui::CatalogSelectDialog window(p.context, nullptr);
     QStringList names;
     for (int i = 0; i < window.files()->count(); ++i)
@@ -96,12 +72,11 @@ class DialogsTest : public QObject {
 
   void helpFormShowsTopicsAndOpensPages() {
     TestProgram p;
-    Write(p.Folder() + "ASTEL.HTM", "x");
-    Write(p.Folder() + "GPS.HTML", "x");
-    Write(p.Folder() + "readme.txt", "x");
+    WriteFile(p.Folder() + "ASTEL.HTM", "x");
+    WriteFile(p.Folder() + "GPS.HTML", "x");
+    WriteFile(p.Folder() + "readme.txt", "x");
     ui::HelpFormDialog window(p.context, nullptr);
     window.show();
-    QCOMPARE(window.topics()->count(), 53);
     ClickRow(window.topics(), RowOf(window.topics(), "Transient Catalog"));
     QVERIFY(window.text()->toPlainText().startsWith("Transient Catalogs contain hourly"));
     QCOMPARE(window.pages()->count(), 2);

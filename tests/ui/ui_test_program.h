@@ -9,7 +9,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QtTest>
-#include <deque>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -19,43 +18,11 @@
 #include "scope/comm_io.h"
 #include "session/startup.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/scripted_dialogs.h"
 #include "tests/support/temp_dir.h"
 #include "ui/gui_context.h"
 
 namespace astel::uitest {
-
-// Answers input boxes and questions from lists (Cancel and No when they run out) and records
-// everything shown.
-class RecordingDialogs : public Dialogs {
- public:
-  std::deque<std::string> answers;
-  std::deque<bool> choices;
-  std::vector<std::string> prompts, titles, messages, questions;
-
-  std::string InputBox(const std::string& prompt, const std::string& title,
-                       const std::string&) override {
-    prompts.push_back(prompt);
-    titles.push_back(title);
-    if (answers.empty()) return "";
-    std::string a = answers.front();
-    answers.pop_front();
-    return a;
-  }
-  void MessageBox(const std::string& text, const std::string&) override {
-    messages.push_back(text);
-  }
-  bool YesNo(const std::string& text, const std::string&) override { return Choose(text); }
-  bool OkCancel(const std::string& text, const std::string&) override { return Choose(text); }
-
- private:
-  bool Choose(const std::string& text) {
-    questions.push_back(text);
-    if (choices.empty()) return false;
-    const bool yes = choices.front();
-    choices.pop_front();
-    return yes;
-  }
-};
 
 class RecordingShell : public Shell {
  public:
@@ -108,7 +75,7 @@ struct TestProgram {
 
   testing::TempDir dir;
   testing::FakeClock clock;
-  RecordingDialogs dialogs;
+  testing::ScriptedDialogs dialogs;  // an unexpected box is a failure
   QueueEvents events;
   RecordingShell shell;
   RecordingClipboard clipboard;
@@ -123,6 +90,12 @@ struct TestProgram {
   ui::GuiContext context{state,   dialogs, clock, events, shell, clipboard,
                          windows, comm,    "",    "",     {}};
 };
+
+// An input box or question no answer was queued for is a GoogleTest failure (see ScriptedDialogs);
+// each suite's cleanup() checks this.
+inline bool NoUnexpectedBox() {
+  return !::testing::UnitTest::GetInstance()->Failed();
+}
 
 // A click on a list's row, and the row that shows a text (-1 when none does).
 inline void ClickRow(QListWidget* list, int row) {
