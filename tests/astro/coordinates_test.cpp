@@ -55,17 +55,6 @@ TEST(ComputeRefraction, ThresholdAndValues) {
   }
 }
 
-TEST(ObjectDeclination, MinusZeroComesFromTheSign) {
-  ObjectState o;
-  SetObjectPosition(o, 0.25, -0.5);
-  EXPECT_TRUE(o.objDecDegrees == 0 && o.objDecSign == -1);
-  EXPECT_DOUBLE_EQ(ObjectDeclinationDegrees(o), -0.5);
-  o.objDecDegrees = -5;
-  o.objDecMinutes = 23;
-  o.objDecSign = 1;  // whole degrees carry their own sign
-  EXPECT_DOUBLE_EQ(ObjectDeclinationDegrees(o), -5 - 23 / 60.0);
-}
-
 TEST(PrecessToDate, AgreesWithRigorousPrecessionOverDecades) {
   // libnova's rigorous (IAU 1976) precession as the reference. The program's annual rates carry
   // their own constants (their century terms run about 0.3"/yr high), so allow half an arc-second
@@ -93,23 +82,6 @@ TEST(PrecessToDate, AgreesWithRigorousPrecessionOverDecades) {
     EXPECT_LE(std::hypot(raErr, decErr),
               kTolArcsecBase + kTolArcsecPerYear * std::fabs(c.toYear - 2000))
         << c.legend;
-  }
-}
-
-TEST(AltAzToEquatorial, IsTheInverseOfComputeAltAz) {
-  for (double lat : {51.5, -33.9, 0.0}) {
-    for (double az : {10.0, 180.0, 275.5, 359.9}) {
-      for (double alt : {1.0, 30.0, 88.0}) {
-        SharedState s = Sky(lat, 7.25, 0, 0);
-        const Equatorial eq = AltAzToEquatorial(s, alt, az);
-        SetObjectPosition(s.object, eq.raHours, eq.decDegrees);
-        ComputeAltAz(s);
-        EXPECT_NEAR(s.object.altitude, alt, 1e-4) << lat << " " << az << " " << alt;
-        const double azErr = std::remainder(s.object.azimuth - az, 360);
-        EXPECT_NEAR(azErr * std::cos(alt / kDegreesPerRadian), 0, 1e-4)
-            << lat << " " << az << " " << alt;
-      }
-    }
   }
 }
 

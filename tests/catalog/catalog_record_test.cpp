@@ -98,9 +98,7 @@ TEST(CatalogHeader, FlagsYearAndComposition) {
     EXPECT_EQ(h.text, line) << r.legend << ": kept without its line end";
   }
   EXPECT_EQ(ParseHeader("").year, 0) << "an empty header is an ordinary catalog";
-  EXPECT_EQ(CatalogPath("/home/a/astel/", "FULL.OBC"), "/home/a/astel/FULL.OBC");
   EXPECT_EQ(CatalogPath("/home/a/astel", "FULL.OBC"), "/home/a/astel/FULL.OBC");
-  EXPECT_EQ(CatalogPath("", "FULL.OBC"), "FULL.OBC");
 }
 
 }  // namespace
