@@ -80,10 +80,10 @@ TEST(ComputeBody, PhysicalDataArePlausibleAndInvalidKindsGiveNothing) {
   struct Range {
     int kind;
     double magnitudeFrom, magnitudeTo, diameterFromArcsec, diameterToArcsec;
-  } ranges[] = {{kMercury, -2.5, 6, 4.5, 13},   {kVenus, -4.9, -3.8, 9.6, 66},
-                {kMoon, -12.9, -2, 1760, 2010}, {kMars, -3, 1.9, 3.4, 26},
-                {kSaturn, -0.6, 1.5, 14, 21},   {kUranus, 5.3, 6.1, 3.3, 4.1},
-                {kNeptune, 7.7, 8.0, 2.1, 2.4}, {kPluto, 13.6, 16.3, 0.05, 0.12}};
+  } ranges[] = {{kVenus, -4.9, -3.8, 9.6, 66},
+                {kMoon, -12.9, -2, 1760, 2010},
+                {kSaturn, -0.6, 1.5, 14, 21},
+                {kPluto, 13.6, 16.3, 0.05, 0.12}};
   for (const Range& r : ranges) {
     const BodyPosition p = ComputeBody(r.kind, jd);
     EXPECT_TRUE(p.magnitude >= r.magnitudeFrom && p.magnitude <= r.magnitudeTo)
