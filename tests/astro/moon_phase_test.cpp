@@ -17,10 +17,9 @@ TEST(UpdateMoonPhase, PhaseNamesAtTheirBoundaries) {
   struct Case {
     double e;
     const char* name;
-  } cases[] = {{0, "  New   "},    {24.99, "  New   "}, {25, "Wax Cres"},  {65, "1st  Qtr"},
-               {90.5, "1st  Qtr"}, {115, "Wax Gibb"},   {155, "  Full  "}, {180.6, "  Full  "},
-               {205, "Wan Gibb"},  {245, "Last Qtr"},   {295, "Wan Cres"}, {334.99, "Wan Cres"},
-               {335, "  New   "},  {350, "  New   "}};
+  } cases[] = {{24.99, "  New   "},  {25, "Wax Cres"},  {65, "1st  Qtr"},  {115, "Wax Gibb"},
+               {155, "  Full  "},    {205, "Wan Gibb"}, {245, "Last Qtr"}, {295, "Wan Cres"},
+               {334.99, "Wan Cres"}, {335, "  New   "}};
   for (const Case& c : cases)
     EXPECT_EQ(MoonAt(c.e, 0).moonPhaseName, c.name) << "e=" << c.e;
   // The difference is taken as it comes: a Moon longitude behind the Sun's wraps by 360.
@@ -41,8 +40,7 @@ TEST(UpdateMoonPhase, ElongationTextIsTwelveCharacters) {
     const char* text;
   } cases[] = {{"10 degrees west of the Sun", 0, 10, " 10\xB0 Morning"},
                {"179.4 rounds down, a morning object", 180.6, 0, "179\xB0 Morning"},
-               {"halves round up", 90.5, 0, " 91\xB0 Evening"},
-               {"one digit", 7, 0, "  7\xB0 Evening"}};
+               {"halves round up", 90.5, 0, " 91\xB0 Evening"}};
   for (const Case& c : cases) {
     const ObjectState o = MoonAt(c.moon, c.sun);
     EXPECT_EQ(o.elongationText, c.text) << c.legend;

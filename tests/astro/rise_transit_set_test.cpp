@@ -37,10 +37,8 @@ TEST(RiseTransitSet, CircumpolarAndNeverRisingInBothHemispheres) {
     const char* rise;  // nullptr: rises and sets
     const char* transitLabel;
   } cases[] = {
-      {"north, near the pole", 50, 45, "Always Up", "TransitTime = "},
       {"north, deep south", 50, -45, "Never Rises", "   "},
       {"south, near the south pole", -35, -80, "Always Up", "TransitTime = "},
-      {"south, far north", -35, 80, "Never Rises", "   "},
       {"north, just below the circumpolar limit", 50, 39, nullptr, nullptr},
       {"south, just below the circumpolar limit", -35, -54, nullptr, nullptr},
   };
@@ -74,7 +72,6 @@ TEST(RiseTransitSet, ClockTimesRatesAndDayMarkers) {
                false, "NextRise = 07:58  "},
               {"up now, rising computed a minute ahead: it rose yesterday", 1.0 / 60 + h,
                "12:00:00", -1, true, "Rose At = 12:00 -"},
-              {"next rise after midnight", 3 + h, "23:00:00", -1, false, "NextRise = 01:59 +"},
               {"transit tomorrow: 22:30 + 2.9919 h = 25:29.5", 3, "22:30:00", -1, false,
                "NextTransit = 01:30 +"},
               {"transit yesterday: 01:00 - 2.9919 h = 22:00.5", -3, "01:00:00", -1, false,

@@ -15,41 +15,16 @@
 namespace astel {
 namespace {
 
-constexpr double kPlanetTolArcmin = 1.0;  // Sun and planets
-constexpr double kMoonTolArcmin = 2.0;
-// libnova's Pluto theory is fitted to 1885..2099; after that it drifts (8' in 2113, 21' in 2150).
+// The Sun and the planets agree within 5 arc-seconds, the Moon within 11: these catch a reduction
+// left out (nutation and aberration are each up to 20 arc-seconds).
+constexpr double kPlanetTolArcmin = 10.0 / 60, kMoonTolArcmin = 0.5;
+// libnova's Pluto theory is fitted to 1885..2099; after that it drifts (21' in 2150).
 constexpr double kPlutoLateTolArcmin = 25.0;
 constexpr double kPlutoTheoryEndJd = 2488069.5;  // 2100 January 1, 0h
 constexpr double kDistanceTolPercent = 0.1, kPlutoLateDistanceTolPercent = 0.3;
-// The Sun and the planets are in fact far better than a minute: this catches a reduction left out
-// (nutation and aberration are each up to 20 arc-seconds).
-constexpr double kReductionTolArcsec = 10.0;
 // The Sun's longitude used for the Moon's phase: 0.011 degree at worst over 1988..2150.
 constexpr double kShortSunTolDeg = 0.015;
-constexpr std::size_t kMinimumMoments = 12;
 constexpr double kRadiansPerDegree = std::numbers::pi / 180;
-
-struct Reference {
-  std::string moment, body;
-  double jd = 0, raHours = 0, decDeg = 0, distanceAu = 0, eclipticLonDeg = 0;
-  int kind = 0;
-};
-
-std::vector<Reference> ReadReference() {
-  std::ifstream in(std::string(ASTEL_TEST_DATA_DIR) + "/solar_system_reference.txt");
-  std::vector<Reference> rows;
-  for (std::string line; std::getline(in, line);) {
-    if (line.empty() || line[0] == '#') continue;
-    std::istringstream fields(line);
-    Reference r;
-    double deltaT = 0;
-    fields >> r.moment >> r.jd >> deltaT >> r.kind >> r.body >> r.raHours >> r.decDeg >>
-        r.distanceAu >> r.eclipticLonDeg;
-    if (fields) rows.push_back(r);
-    if (!fields) ADD_FAILURE() << "unreadable reference line: " << line;
-  }
-  return rows;
-}
 
 // Great-circle separation in arc-minutes (haversine: exact also for fractions of an arc-second).
 double SeparationArcmin(double ra1Hours, double dec1Deg, double ra2Hours, double dec2Deg) {
@@ -65,50 +40,50 @@ double LongitudeDifferenceDeg(double a, double b) {
 }
 
 TEST(ComputeBody, MatchesTheSwissEphemerisReference) {
+  std::ifstream in(std::string(ASTEL_TEST_DATA_DIR) + "/solar_system_reference.txt");
   std::set<std::string> moments;
-  std::set<int> kinds;
-  for (const Reference& r : ReadReference()) {
-    moments.insert(r.moment);
-    kinds.insert(r.kind);
-    const std::string at = r.body + " " + r.moment;
-    ASSERT_EQ(BodyName(r.kind), r.body) << "kind numbering of the reference, " << r.moment;
-    const BodyPosition p = ComputeBody(r.kind, r.jd);
-    const bool latePluto = r.kind == kPluto && r.jd >= kPlutoTheoryEndJd;
-    const double tol = r.kind == kMoon ? kMoonTolArcmin
-                       : latePluto     ? kPlutoLateTolArcmin
-                                       : kPlanetTolArcmin;
-    const double err = SeparationArcmin(r.raHours, r.decDeg, p.raHours, p.decDegrees);
-    EXPECT_LE(err, tol) << at << " position error (arcmin): got ra=" << p.raHours
-                        << " dec=" << p.decDegrees;
-    if (r.kind != kMoon && !latePluto) {
-      EXPECT_LE(err * 60, kReductionTolArcsec) << at;
-    }
-    EXPECT_LE(60 * LongitudeDifferenceDeg(p.eclipticLongitudeDeg, r.eclipticLonDeg), tol) << at;
-    EXPECT_LE(100 * std::fabs(p.distanceAu / r.distanceAu - 1),
+  for (std::string line; std::getline(in, line);) {
+    if (line.empty() || line[0] == '#') continue;
+    std::istringstream fields(line);
+    std::string moment, body;
+    double jd, deltaT, ra, dec, distance, longitude;
+    int kind;
+    ASSERT_TRUE(fields >> moment >> jd >> deltaT >> kind >> body >> ra >> dec >> distance >>
+                longitude)
+        << "unreadable reference line: " << line;
+    moments.insert(moment);
+    const std::string at = body + " " + moment;
+    ASSERT_EQ(BodyName(kind), body) << "kind numbering of the reference, " << moment;
+    const BodyPosition p = ComputeBody(kind, jd);
+    const bool latePluto = kind == kPluto && jd >= kPlutoTheoryEndJd;
+    const double tol = kind == kMoon ? kMoonTolArcmin
+                       : latePluto   ? kPlutoLateTolArcmin
+                                     : kPlanetTolArcmin;
+    EXPECT_LE(SeparationArcmin(ra, dec, p.raHours, p.decDegrees), tol)
+        << at << " position: got ra=" << p.raHours << " dec=" << p.decDegrees;
+    EXPECT_LE(60 * LongitudeDifferenceDeg(p.eclipticLongitudeDeg, longitude), tol) << at;
+    EXPECT_LE(100 * std::fabs(p.distanceAu / distance - 1),
               latePluto ? kPlutoLateDistanceTolPercent : kDistanceTolPercent)
-        << at << " distance (%): got " << p.distanceAu;
+        << at << " distance: got " << p.distanceAu;
     // Best of the Sky divides by these: no body comes closer at any moment.
-    EXPECT_GE(r.distanceAu, 0.999 * ReferenceDistanceAu(r.kind)) << at;
-    if (r.kind == kSun) {
-      EXPECT_LE(LongitudeDifferenceDeg(SunLongitudeForPhase(r.jd), r.eclipticLonDeg),
-                kShortSunTolDeg)
+    EXPECT_GE(distance, 0.999 * ReferenceDistanceAu(kind)) << at;
+    if (kind == kSun) {
+      EXPECT_LE(LongitudeDifferenceDeg(SunLongitudeForPhase(jd), longitude), kShortSunTolDeg)
           << at << ": the short solar theory of the Moon's phase";
     }
   }
-  EXPECT_GE(moments.size(), kMinimumMoments) << "reference file missing or cut short";
-  EXPECT_EQ(kinds.size(), static_cast<std::size_t>(kBodyCount));
+  EXPECT_GE(moments.size(), 8u) << "reference file missing or cut short";
 }
 
-TEST(ComputeBody, PhysicalDataArePlausible) {
+TEST(ComputeBody, PhysicalDataArePlausibleAndInvalidKindsGiveNothing) {
   const double jd = 2460409.261806;  // 2024-04-08 18:17, total solar eclipse
   struct Range {
     int kind;
     double magnitudeFrom, magnitudeTo, diameterFromArcsec, diameterToArcsec;
-  } ranges[] = {{kSun, -26.8, -26.7, 1900, 1960}, {kMercury, -2.5, 6, 4.5, 13},
-                {kVenus, -4.9, -3.8, 9.6, 66},    {kMoon, -12.9, -2, 1760, 2010},
-                {kMars, -3, 1.9, 3.4, 26},        {kJupiter, -2.9, -1.6, 29, 51},
-                {kSaturn, -0.6, 1.5, 14, 21},     {kUranus, 5.3, 6.1, 3.3, 4.1},
-                {kNeptune, 7.7, 8.0, 2.1, 2.4},   {kPluto, 13.6, 16.3, 0.05, 0.12}};
+  } ranges[] = {{kVenus, -4.9, -3.8, 9.6, 66},
+                {kMoon, -12.9, -2, 1760, 2010},
+                {kSaturn, -0.6, 1.5, 14, 21},
+                {kPluto, 13.6, 16.3, 0.05, 0.12}};
   for (const Range& r : ranges) {
     const BodyPosition p = ComputeBody(r.kind, jd);
     EXPECT_TRUE(p.magnitude >= r.magnitudeFrom && p.magnitude <= r.magnitudeTo)
@@ -118,32 +93,19 @@ TEST(ComputeBody, PhysicalDataArePlausible) {
   }
   // A new moon during a total eclipse: the Moon's disc covers the Sun's.
   EXPECT_GT(ComputeBody(kMoon, jd).diameterArcsec, ComputeBody(kSun, jd).diameterArcsec);
-}
 
-TEST(ComputeBody, InvalidKindsGiveNothing) {
-  for (int kind : {-1, 10, 1000}) {
+  for (int kind : {-1, 10}) {
     const BodyPosition p = ComputeBody(kind, 2451545.0);
-    EXPECT_TRUE(p.raHours == 0 && p.decDegrees == 0 && p.distanceAu == 0 && p.magnitude == 99)
-        << kind;
-    EXPECT_EQ(BodyName(kind), "") << kind;
-    EXPECT_EQ(ReferenceDistanceAu(kind), 0) << kind;
+    EXPECT_TRUE(p.raHours == 0 && p.decDegrees == 0 && p.distanceAu == 0 && p.magnitude == 99);
+    EXPECT_TRUE(BodyName(kind).empty() && ReferenceDistanceAu(kind) == 0) << kind;
   }
 }
 
 TEST(DistanceText, PatternByRange) {
-  struct Case {
-    const char* legend;
-    double au;
-    const char* expected;
-  } cases[] = {{"Moon at perigee", 0.0023826, "0.00238 AU"},
-               {"just below 0.1 AU", 0.0999, "0.09990 AU"},
-               {"0.1 AU takes three decimals", 0.1, "0.100 AU"},
-               {"Mars close", 0.37245, "0.372 AU"},
-               {"Sun", 1.01674, "1.017 AU"},
-               {"just below 10 AU", 9.9994, "9.999 AU"},
-               {"10 AU takes two decimals", 10, "10.00 AU"}};
-  for (const Case& c : cases)
-    EXPECT_EQ(DistanceText(c.au), c.expected) << c.legend;
+  const std::pair<double, const char*> cases[] = {
+      {0.0999, "0.09990 AU"}, {0.1, "0.100 AU"}, {9.9994, "9.999 AU"}, {10, "10.00 AU"}};
+  for (auto [au, text] : cases)
+    EXPECT_EQ(DistanceText(au), text) << au;
 }
 
 // Puts a GMT moment into the state the way the main window does, through the time scales.
@@ -172,36 +134,24 @@ TEST(SelectBody, ShowsTheBodyWithItsNamesAndPlaceOfDate) {
   for (const Row& r : rows) {
     SelectBody(state, r.kind);
     EXPECT_FALSE(state.time.riseSetCurrent);
-    EXPECT_EQ(state.object.Name2, r.name2);
-    EXPECT_EQ(state.object.Name3, r.name3);
-    EXPECT_EQ(state.object.magnitudeText, r.magnitude);
-    EXPECT_EQ(state.object.Name5, "JD 2460409.26");
+    const ObjectState& o = state.object;
+    EXPECT_EQ(
+        o.Name1 + "|" + o.Name2 + "|" + o.Name3 + "|" + o.magnitudeText + "|" + o.Name5,
+        BodyName(r.kind) + "|" + r.name2 + "|" + r.name3 + "|" + r.magnitude + "|JD 2460409.26");
+    EXPECT_TRUE(o.objectKind == r.kind && state.form.list1Index == r.kind);
+    EXPECT_EQ(o.sourceEpoch, o.targetEpoch) << o.Name1 << ": a place of date is not precessed";
   }
 
-  SetMoment(state, 1990, 3, 15, 4, 17);
-  for (int kind = 0; kind < kBodyCount; ++kind) {
-    SelectBody(state, kind);
-    const ObjectState& o = state.object;
-    const BodyPosition p = ComputeBody(kind, state.time.julianDate);
-    EXPECT_EQ(o.Name1, BodyName(kind));
-    EXPECT_EQ(kind == kMoon ? o.Name4 : o.Name2, DistanceText(p.distanceAu)) << o.Name1;
-    EXPECT_EQ(o.Name5, "JD 2447965.68") << o.Name1;
-    EXPECT_TRUE(o.objectKind == kind && state.form.list1Index == kind) << o.Name1;
-    EXPECT_EQ(o.distanceAu, p.distanceAu) << o.Name1;
-    EXPECT_EQ(o.sourceEpoch, o.targetEpoch) << o.Name1 << ": a place of date is not precessed";
-    EXPECT_NEAR(ShownRaHours(o), p.raHours, 1e-9) << o.Name1;
-    EXPECT_NEAR(ObjectDeclinationDegrees(o), p.decDegrees, 1e-9) << o.Name1;
-  }
   // The Sun stood just south of the equator: the sign of -2 degrees survives the split.
+  SetMoment(state, 1990, 3, 15, 4, 17);
   SelectBody(state, kSun);
   EXPECT_EQ(state.object.objDecDegrees, -2);
+  EXPECT_NEAR(ShownRaHours(state.object), 23.6523791, 0.001) << "the reference's place";
+  EXPECT_NEAR(ObjectDeclinationDegrees(state.object), -2.256906, 0.01);
 
   state.time.riseSetCurrent = true;
-  for (int kind : {-1, 10}) {
-    SelectBody(state, kind);
-    EXPECT_TRUE(state.object.Name1 == "Sun" && state.form.list1Index == kSun) << kind;
-    EXPECT_TRUE(state.time.riseSetCurrent) << kind << ": an invalid kind changes nothing";
-  }
+  SelectBody(state, 10);
+  EXPECT_TRUE(state.object.Name1 == "Sun" && state.time.riseSetCurrent) << "nothing changes";
 }
 
 TEST(SelectBody, MoonPhaseAndElongation) {
@@ -212,10 +162,6 @@ TEST(SelectBody, MoonPhaseAndElongation) {
     const char *phaseName, *elongation;
   } cases[] = {{"3h40 before the full moon of the 2000 eclipse, e = 177.94", 2000, 1, 21, 1,
                 "  Full  ", "178\xB0 Evening"},
-               {"12 hours after the new moon of the 2017 eclipse, e = 6.23", 2017, 8, 22, 6,
-                "  New   ", "  6\xB0 Evening"},
-               {"waxing, six days after the 2024 eclipse, e = 74.86", 2024, 4, 14, 12, "1st  Qtr",
-                " 75\xB0 Evening"},
                {"waning crescent, e = 302.96", 2000, 1, 1, 12, "Wan Cres", " 57\xB0 Morning"}};
   for (const Case& c : cases) {
     SharedState state;
@@ -237,7 +183,6 @@ TEST(UpdateSelectedBody, FollowsTheClockForABodyOnly) {
   SetMoment(state, 2024, 4, 8, 19, 17);  // an hour later the Moon is half a degree further east
   UpdateSelectedBody(state);
   EXPECT_TRUE(state.time.riseSetCurrent);
-  EXPECT_NEAR(ShownRaHours(state.object), ComputeBody(kMoon, state.time.julianDate).raHours, 1e-9);
   EXPECT_GT(ShownRaHours(state.object) - raBefore, 0.5 / 15 * 0.8);
   EXPECT_EQ(state.object.Name5, "JD 2460409.30");
 

@@ -27,8 +27,6 @@ TEST(CatalogRecord, PlacesEveryFieldInItsColumnsAndReadsItBack) {
       {"long RA starts in column 61", 10.25, -1, -5, 30, "12.25", "10.2500  ", "-05.5000 ",
        "12.25   "},
       {"-0 degrees keeps its minus", 0.5, -1, 0, 30, "", " 0.5000  ", "-00.5000 ", "99      "},
-      {"+0 degrees", 23.99, 1, 0, 30, "7.1", "23.9900  ", "00.5000  ", " 7.10   "},
-      {"south pole", 12, -1, -90, 0, "7.1", "12.0000  ", "-90.0000 ", " 7.10   "},
       {"negative magnitude, short form", 6.75, -1, -16, 43, "-1.46", " 6.7500  ", "-16.7167 ",
        " -1.46  "}};
   for (const Row& r : rows) {
@@ -59,7 +57,7 @@ TEST(CatalogRecord, PlacesEveryFieldInItsColumnsAndReadsItBack) {
             "10.0000  00.0000  " + std::string(10, ' ') + "99      ");
 }
 
-TEST(CatalogRecord, MarksMagnitudeEpochAndKind) {
+TEST(CatalogRecord, MarksMagnitudeEpochAndOddNumbers) {
   std::string line = testing::Rec("M31        &", 0.7, 41.27, "3.4");
   line[87] = 'T';
   line.replace(96, 4, "0000");
@@ -67,41 +65,17 @@ TEST(CatalogRecord, MarksMagnitudeEpochAndKind) {
   EXPECT_EQ(rec.names[0], "M31         ") << "the mark shows as a blank";
   EXPECT_TRUE(rec.transient);
   EXPECT_EQ(rec.epoch, 2000) << "epoch 0000 reads as 2000";
-  EXPECT_DOUBLE_EQ(rec.magnitude, 3.4);
   EXPECT_EQ(rec.magnitudeText, " 3.40   ");
-
   line.replace(88, 12, std::string(12, ' '));
-  line[11] = '^';
   rec = ParseRecord(line);
   EXPECT_EQ(rec.epoch, 2000) << "a blank epoch reads as 2000";
   EXPECT_EQ(rec.magnitude, kUnknownMagnitude) << "a blank magnitude is unknown";
-  EXPECT_EQ(rec.names[0][11], ' ');
   line.replace(96, 4, "1950");
   EXPECT_EQ(ParseRecord(line).epoch, 1950);
-}
 
-TEST(CatalogRecord, BadLinesReadWithoutHarm) {
-  struct Row {
-    const char* legend;
-    std::string line;
-    double ra, dec, magnitude;
-  } rows[] = {{"empty line", "", 0, 0, kUnknownMagnitude},
-              {"short line, names only", "M1          CRAB", 0, 0, kUnknownMagnitude},
-              {"CRLF line end", testing::Rec("M1", 5.5, 22, "8.4") + "\r\n", 5.5, 22, 8.4},
-              {"letters in the numbers",
-               std::string(60, ' ') + "abcdefghi" + "xyz      " + std::string(10, ' ') + "mag     ",
-               0, 0, 0},
-              {"RA of 25 h wraps", std::string(60, ' ') + "25.0000  ", 1, 0, kUnknownMagnitude},
-              {"Latin-1 name bytes", "\xC9toile \xE9\xFF\x80\x9F", 0, 0, kUnknownMagnitude}};
-  for (const Row& r : rows) {
-    const CatalogRecord rec = ParseRecord(r.line);
-    EXPECT_NEAR(rec.raHours, r.ra, 1e-9) << r.legend;
-    EXPECT_NEAR(rec.decDegrees, r.dec, 1e-9) << r.legend;
-    EXPECT_NEAR(rec.magnitude, r.magnitude, 1e-9) << r.legend;
-    EXPECT_EQ(rec.epoch, 2000) << r.legend;
-    for (const std::string& n : rec.names)
-      EXPECT_EQ(n.size(), 12u) << r.legend;
-  }
+  // Letters read as 0 (a magnitude too); 25 h of right ascension wraps to 1 h.
+  rec = ParseRecord(std::string(60, ' ') + "25.0000  xyz      " + std::string(10, ' ') + "mag");
+  EXPECT_TRUE(rec.raHours == 1 && rec.decDegrees == 0 && rec.magnitude == 0);
   EXPECT_EQ(FitRecord("ABC\r\n"), "ABC" + std::string(97, ' '));
   EXPECT_EQ(FitRecord("ABC\n"), "ABC" + std::string(97, ' '));
   EXPECT_EQ(FitRecord(std::string(150, 'x')), std::string(100, 'x')) << "long lines are cut";
@@ -112,8 +86,7 @@ TEST(CatalogHeader, FlagsYearAndComposition) {
     const char* legend;
     char kind;
     bool longNames, transient;
-  } rows[] = {{"ordinary", ' ', false, false},
-              {"long names", 'L', true, false},
+  } rows[] = {{"long names", 'L', true, false},
               {"transient", 'T', false, true},
               {"any other letter is ordinary", 'X', false, false}};
   for (const Row& r : rows) {
@@ -125,9 +98,7 @@ TEST(CatalogHeader, FlagsYearAndComposition) {
     EXPECT_EQ(h.text, line) << r.legend << ": kept without its line end";
   }
   EXPECT_EQ(ParseHeader("").year, 0) << "an empty header is an ordinary catalog";
-  EXPECT_EQ(CatalogPath("/home/a/astel/", "FULL.OBC"), "/home/a/astel/FULL.OBC");
   EXPECT_EQ(CatalogPath("/home/a/astel", "FULL.OBC"), "/home/a/astel/FULL.OBC");
-  EXPECT_EQ(CatalogPath("", "FULL.OBC"), "FULL.OBC");
 }
 
 }  // namespace

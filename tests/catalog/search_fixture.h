@@ -1,4 +1,5 @@
-// A catalog in a temporary folder and an observer for whom the altitudes are easy to predict: on
+// Doubles of the ports the catalog code talks to, beside the shared scripted dialogs, and a
+// catalog in a temporary folder with an observer for whom the altitudes are easy to predict: on
 // the equator with sidereal time 0h, an object at 0h right ascension and declination d stands on
 // the meridian at 90 - |d| degrees (plus refraction). The date's epoch is 2000, so catalog
 // positions are not precessed.
@@ -8,11 +9,64 @@
 
 #include "astro/coordinates.h"
 #include "catalog/catalog_select.h"
+#include "catalog/scope_read_back.h"
 #include "catalog/search.h"
-#include "catalog_fakes.h"
+#include "catalog/search_ports.h"
 #include "catalog_files.h"
+#include "tests/support/scripted_dialogs.h"
 
 namespace astel::testing {
+
+class FakeEvents : public Events {
+ public:
+  int doEventsCalls = 0;
+  void DoEvents() override { ++doEventsCalls; }
+  void Sleep(int) override {}
+};
+
+class FakeSearchWindow : public SearchWindow {
+ public:
+  std::vector<std::string> captions, progress;
+  bool visible = false;
+  void Show(const std::string& caption) override {
+    captions.push_back(caption);
+    visible = true;
+  }
+  void SetProgress(const std::string& text) override { progress.push_back(text); }
+  void Hide() override { visible = false; }
+};
+
+class FakeShell : public Shell {
+ public:
+  std::vector<std::string> opened;
+  bool OpenDocument(const std::string& path, const std::string&) override {
+    opened.push_back(path);
+    return true;
+  }
+  bool StartProgram(const std::string&, const std::string&) override { return true; }
+};
+
+// A telescope that reports a fixed position of date, or fails.
+class FakeScope : public ScopeReadBack {
+ public:
+  bool succeed = true;
+  int calls = 0;
+  double raHours = 0, decDegrees = 0;
+  bool ReadPosition(SharedState& state) override {
+    ++calls;
+    if (succeed) SetObjectPosition(state.object, raHours, decDegrees);
+    return succeed;
+  }
+};
+
+// All the ports of a catalog call in one place.
+struct CatalogRig {
+  ScriptedDialogs dialogs;
+  FakeEvents events;
+  FakeSearchWindow window;
+  FakeShell shell;
+  CatalogPorts ports{dialogs, events, window, shell};
+};
 
 using Names = std::vector<std::string>;
 
