@@ -21,16 +21,13 @@ TEST(ParseCommMode, ReadsTheModeStringsOfTheProgramAndRefusesWhatALineCannotBe) 
   } rows[] = {
       {"NexStar GoTo", "baud=9600 parity=N data=8 stop=2", "9600 N 8 4"},
       {"telescope", "baud=9600 parity=N data=8 stop=1", "9600 N 8 2"},
-      {"GPS receiver", "baud=4800 parity=N data=8 stop=1", "4800 N 8 2"},
       {"any case, extra blanks", "  BAUD=4800   Parity=e DATA=7 Stop=1.5 ", "4800 E 7 3"},
       {"an empty string names nothing", "", "- - - -"},
       {"unknown key", "baud=9600 speed=fast", "refused"},
-      {"no equals sign", "baud 9600", "refused"},
       {"baud not a number", "baud=96O0", "refused"},
       {"parity letter unknown", "parity=X", "refused"},
       {"nine data bits", "data=9", "refused"},
       {"three stop bits", "stop=3", "refused"},
-      {"negative baud", "baud=-9600", "refused"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(Settings(ParseCommMode(row.mode)), row.settings) << row.legend;

@@ -66,10 +66,10 @@ TEST(GotoScope, EachFamilySendsItsBytesOnItsLine) {
     EXPECT_EQ(h.WaitForBytes(row.wire.size()), row.wire);
     for (const ReceivedByte& byte : h.sim.Received()) {
       EXPECT_EQ(byte.twoStopBits, row.twoStopBits);
-      EXPECT_EQ(byte.baud, 9600);
+      EXPECT_EQ(byte.speed, B9600);
     }
     EXPECT_EQ(h.events.sleeps, std::vector<int>(row.pauses, 5));
-    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
+    EXPECT_EQ(h.dialogs.messages, Shown(row.message));
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }
@@ -110,7 +110,7 @@ TEST(GotoScope, FailuresShowTheirMessageOutsideScriptsAndNothingInScripts) {
       h.state.telescope.comPort = row.port;
       h.state.script.scriptMode = script;
       EXPECT_FALSE(h.Goto());
-      EXPECT_EQ(h.dialogs.Messages(), Shown(script ? nullptr : row.message));
+      EXPECT_EQ(h.dialogs.messages, Shown(script ? nullptr : row.message));
       EXPECT_EQ(h.sim.ReceivedBytes().size(), row.bytesOnWire);
       EXPECT_FALSE(h.comm.IsOpen(row.port)) << "the port is closed after a failure";
       EXPECT_FALSE(h.diagnostics.str().empty()) << "the reason reaches the error stream";

@@ -20,7 +20,7 @@ struct GpsHarness : PortRig {
     clock.now = {2005, 3, 23, 13, 35, 20};
   }
   LoadOutcome Load(bool confirm = true) {
-    dialogs.QueueOkCancel(confirm);
+    dialogs.choices.push_back(confirm);
     return GpsLoad(context, monitor);
   }
   // Nothing of a failed reading reached the place.
@@ -79,7 +79,7 @@ TEST(GpsLoad, TheClockIsLeftAloneForTheLocationOnlyAndARefusalIsReported) {
     h.clock.acceptSetTime = row.clockAccepts;
     EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
     EXPECT_EQ(h.clock.setTimes.size(), row.setTimes);
-    EXPECT_EQ(h.dialogs.Messages(), row.messages);
+    EXPECT_EQ(h.dialogs.messages, row.messages);
     EXPECT_EQ(h.diagnostics.str().find("CAP_SYS_TIME") != std::string::npos, !row.clockAccepts)
         << "the Linux reason of a refusal";
     EXPECT_EQ(h.state.place.latitudeDegrees, 48);
@@ -111,7 +111,7 @@ TEST(GpsLoad, RefusedBeforeAnythingIsOpened) {
     ASSERT_SIM_STARTED(h);
     h.state.time.realTimeMode = row.realTime;
     EXPECT_EQ(h.Load(row.confirm), LoadOutcome::kNotStarted);
-    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
+    EXPECT_EQ(h.dialogs.messages, Shown(row.message));
     EXPECT_FALSE(h.monitor.busy);
     EXPECT_EQ(h.statuses.size(), 0u) << "the port was never opened";
   }
@@ -122,13 +122,13 @@ TEST(GpsLoad, FailuresLeaveThePlaceAsItWas) {
   ASSERT_SIM_STARTED(missing);
   missing.state.telescope.comPort = 2;
   EXPECT_EQ(missing.Load(), LoadOutcome::kFailed);
-  EXPECT_EQ(missing.dialogs.Messages(), Shown("UNABLE TO OPEN COM 2"));
+  EXPECT_EQ(missing.dialogs.messages, Shown("UNABLE TO OPEN COM 2"));
   EXPECT_TRUE(missing.PlaceUntouched());
 
   GpsHarness h({kNoFix, kValid}, {.hangUpAfterSentences = 1});  // unplugged
   ASSERT_SIM_STARTED(h);
   EXPECT_EQ(h.Load(), LoadOutcome::kFailed);
-  EXPECT_EQ(h.dialogs.Messages(), Shown("GPS Reading Unsuccessful"));
+  EXPECT_EQ(h.dialogs.messages, Shown("GPS Reading Unsuccessful"));
   EXPECT_TRUE(h.PlaceUntouched());
   EXPECT_FALSE(h.comm.IsOpen(kPort));
 }
@@ -138,7 +138,7 @@ TEST(GpsLoad, WithoutAFixOnlyClosingTheWindowEndsTheReading) {
   ASSERT_SIM_STARTED(h);
   h.CloseWindowWhen([&] { return h.feeder.SentCount() >= 6; });
   EXPECT_EQ(h.Load(), LoadOutcome::kCancelled);
-  EXPECT_EQ(h.dialogs.Messages().size(), 0u);
+  EXPECT_EQ(h.dialogs.messages.size(), 0u);
   EXPECT_EQ(h.statuses.back(), "Waiting for Valid Satellite Data Fix");
   EXPECT_TRUE(h.PlaceUntouched());
   EXPECT_FALSE(h.comm.IsOpen(kPort));

@@ -12,6 +12,7 @@ namespace {
 // Time given to the program between opening the line and being sent data: it flushes the line
 // right after opening it, and data sent before that would be lost.
 constexpr int kSettleMs = 150;
+constexpr int kIntervalMs = 20;
 
 }  // namespace
 
@@ -39,32 +40,21 @@ bool GpsFeeder::ReaderPresent() {
 
 void GpsFeeder::Serve() {
   auto pause = [](int ms) { std::this_thread::sleep_for(std::chrono::milliseconds(ms)); };
-  while (!stop_) {
-    if (!ReaderPresent()) {
-      pause(5);
-      continue;
-    }
-    pause(kSettleMs);
-    bool readerLeft = false;
-    do {
-      for (const std::string& sentence : sentences_) {
-        if (stop_) return;
-        if (!ReaderPresent()) {
-          readerLeft = true;
-          break;
-        }
-        std::string line = sentence + "\r\n";
-        [[maybe_unused]] auto written = ::write(pty_.Master(), line.data(), line.size());
-        if (++sent_ == options_.hangUpAfterSentences) {
-          pty_.HangUp();
-          return;
-        }
-        pause(options_.intervalMs);
+  while (!stop_ && !ReaderPresent())
+    pause(5);
+  pause(kSettleMs);
+  do {
+    for (const std::string& sentence : sentences_) {
+      if (stop_ || !ReaderPresent()) return;
+      std::string line = sentence + "\r\n";
+      [[maybe_unused]] auto written = ::write(pty_.Master(), line.data(), line.size());
+      if (++sent_ == options_.hangUpAfterSentences) {
+        pty_.HangUp();
+        return;
       }
-    } while (options_.repeat && !readerLeft && !stop_);
-    while (!stop_ && ReaderPresent())
-      pause(5);  // wait for this session to end before the next one starts the list again
-  }
+      pause(kIntervalMs);
+    }
+  } while (options_.repeat);
 }
 
 }  // namespace astel::testing

@@ -1,6 +1,5 @@
 // A hand-held GPS receiver on a pseudo-terminal: once the program has opened the line (and had a
-// moment to flush it), it sends the given NMEA sentences, each ended by CR LF, one every interval.
-// Each time the program opens the line again, the list starts again from its first sentence.
+// moment to flush it), it sends the given NMEA sentences, each ended by CR LF, one every 20 ms.
 #pragma once
 
 #include <atomic>
@@ -13,8 +12,7 @@
 namespace astel::testing {
 
 struct FeederOptions {
-  int intervalMs = 20;
-  bool repeat = false;            // send the list again and again
+  bool repeat = false;            // send the list again and again while the line is open
   int hangUpAfterSentences = -1;  // drop the line after this many sentences
 };
 
