@@ -58,24 +58,50 @@ struct ScopeGpsHarness : WireHarness {
   }
 };
 
-TEST(ScopeGpsLoad, SiteAndClockSetPlaceAndComputerClock) {
+TEST(ScopeGpsLoad, SiteAndClockSetThePlaceAndTheComputerClockUnlessTheUserOrTheSystemSaysNo) {
+  const std::string lx200 = "#:Gt##:Gg##:GG##:GC##:GL#";
+  const std::string timeSet = "Successful Scope Reading. Location and Time have been set.";
+  const std::string placeSet = "Successful Scope Reading. Location has been set";
+  const std::vector<int> noTime;
   const struct {
+    const char* legend;
     int type;
-    bool daylight;  // on the computer
-    const char* wire;
+    bool daylight, locationOnly, clockAccepts;  // daylight time on the computer
+    std::string wire;
     double latitudeMinutes;
-    std::vector<int> utc;
+    std::vector<int> utc;  // as the clock was asked to set
+    std::vector<std::string> messages;
   } rows[] = {
-      {4, false, "#:Gt##:Gg##:GG##:GC##:GL#", 7, {2005, 3, 24, 2, 30, 0}},
-      // The upload sends one hour more than the true offset in daylight time.
-      {4, true, "#:Gt##:Gg##:GG##:GC##:GL#", 7, {2005, 3, 24, 1, 30, 0}},
-      {1, false, "wh", 7.5, {2005, 3, 24, 1, 30, 0}},
+      {"LX200", 4, false, false, true, lx200, 7, {2005, 3, 24, 2, 30, 0}, {timeSet}},
+      {"LX200, daylight time: the upload sent one hour more than the offset",
+       4,
+       true,
+       false,
+       true,
+       lx200,
+       7,
+       {2005, 3, 24, 1, 30, 0},
+       {timeSet}},
+      {"NexStar", 1, false, false, true, "wh", 7.5, {2005, 3, 24, 1, 30, 0}, {timeSet}},
+      {"NexStar, location only", 1, false, true, true, "w", 7.5, noTime, {placeSet}},
+      {"LX200, location only", 4, false, true, true, "#:Gt##:Gg#", 7, noTime, {placeSet}},
+      {"LX200, the clock refuses",
+       4,
+       false,
+       false,
+       false,
+       lx200,
+       7,
+       {2005, 3, 24, 2, 30, 0},
+       {"Windows will not accept GPS Time!", timeSet}},
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.wire + std::string(row.daylight ? " in daylight time" : ""));
+    SCOPED_TRACE(row.legend);
     ScopeGpsHarness h(row.type);
     ASSERT_SIM_STARTED(h);
     h.clock.zone.daylight = row.daylight;
+    h.state.telescope.gpsLocationOnly = row.locationOnly;
+    h.clock.acceptSetTime = row.clockAccepts;
     EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
     EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
     EXPECT_FALSE(h.sim.Received().front().twoStopBits);
@@ -84,38 +110,11 @@ TEST(ScopeGpsLoad, SiteAndClockSetPlaceAndComputerClock) {
     EXPECT_DOUBLE_EQ(h.state.place.latitudeMinutes, row.latitudeMinutes);
     EXPECT_EQ(h.state.place.longitudeDegrees, -11);
     EXPECT_DOUBLE_EQ(h.state.place.longitudeMinutes, 31);
-    EXPECT_EQ(h.dialogs.messages,
-              Shown("Successful Scope Reading. Location and Time have been set."));
-    EXPECT_EQ(h.state.time.secondText, "01") << "the clock was read again";
+    EXPECT_EQ(h.dialogs.messages, row.messages);
+    EXPECT_EQ(h.diagnostics.str().find("CAP_SYS_TIME") != std::string::npos, !row.clockAccepts);
+    EXPECT_EQ(h.state.time.secondText, row.locationOnly ? "09" : "01") << "the clock read again";
     EXPECT_FALSE(h.comm.IsOpen(kPort));
     EXPECT_FALSE(h.monitor.busy);
-  }
-}
-
-TEST(ScopeGpsLoad, TheClockIsLeftAloneForTheLocationOnlyAndARefusalIsReported) {
-  const struct {
-    int type;
-    bool locationOnly;
-    const char* wire;
-    const char* firstMessage;
-  } rows[] = {
-      {1, true, "w", "Successful Scope Reading. Location has been set"},
-      {4, true, "#:Gt##:Gg#", "Successful Scope Reading. Location has been set"},
-      {4, false, "#:Gt##:Gg##:GG##:GC##:GL#", "Windows will not accept GPS Time!"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.wire);
-    ScopeGpsHarness h(row.type);
-    ASSERT_SIM_STARTED(h);
-    h.state.telescope.gpsLocationOnly = row.locationOnly;
-    h.clock.acceptSetTime = false;
-    EXPECT_EQ(h.Load(), LoadOutcome::kLoaded);
-    EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
-    EXPECT_EQ(h.clock.setTimes.size(), row.locationOnly ? 0u : 1u);
-    ASSERT_EQ(h.dialogs.messages.size(), row.locationOnly ? 1u : 2u);
-    EXPECT_EQ(h.dialogs.messages.front(), row.firstMessage);
-    EXPECT_EQ(h.diagnostics.str().find("CAP_SYS_TIME") != std::string::npos, !row.locationOnly);
-    EXPECT_EQ(h.state.place.latitudeDegrees, 48);
   }
 }
 
