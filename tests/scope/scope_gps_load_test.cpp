@@ -84,7 +84,6 @@ TEST(ScopeGpsLoad, SiteAndClockSetThePlaceAndTheComputerClockUnlessTheUserOrTheS
        {timeSet}},
       {"NexStar", 1, false, false, true, "wh", 7.5, {2005, 3, 24, 1, 30, 0}, {timeSet}},
       {"NexStar, location only", 1, false, true, true, "w", 7.5, noTime, {placeSet}},
-      {"LX200, location only", 4, false, true, true, "#:Gt##:Gg#", 7, noTime, {placeSet}},
       {"LX200, the clock refuses",
        4,
        false,
