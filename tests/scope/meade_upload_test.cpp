@@ -22,26 +22,14 @@ PlaceState Place(int latDeg, double latMin, int latSign, int lonDeg, double lonM
   return place;
 }
 
-TEST(MeadeUploadCommands, SiteCommandsCountLongitudeWestwardAllRoundTheCircle) {
-  const struct {
-    const char* legend;
-    PlaceState place;
-    const char *longitude, *latitude;
-  } rows[] = {
-      {"-0 deg 30 min: the sign alone makes it east", Place(0, 30, -1, 0, 30, -1), "#:Sg 359*30#",
-       "#:St -00*30#"},
-      {"west and north as they are", Place(48, 7.038, 1, 75, 30.2, 1), "#:Sg 075*30#",
-       "#:St +48*07#"},
-      {"11 deg 31 min east", Place(-33, 52, 1, -11, 31, 1), "#:Sg 348*29#", "#:St -33*52#"},
-      {"Greenwich", Place(51, 28.6, 1, 0, 0, 1), "#:Sg 000*00#", "#:St +51*29#"},
-  };
-  for (const auto& row : rows) {
-    EXPECT_EQ(EncodeMeadeLongitude(row.place), row.longitude) << row.legend;
-    EXPECT_EQ(EncodeMeadeLatitude(row.place), row.latitude) << row.legend;
-  }
-}
-
-TEST(MeadeUploadCommands, OffsetAndTimeForms) {
+// The upload exchange below sends 48 deg 7 min north, 11 deg 31 min east, +5 h and two-digit
+// clock texts; here the other forms.
+TEST(MeadeUploadCommands, SignsWrapsAndPadding) {
+  const PlaceState minusZero = Place(0, 30, -1, 0, 30, -1);
+  EXPECT_EQ(EncodeMeadeLongitude(minusZero), "#:Sg 359*30#") << "the sign alone makes it east";
+  EXPECT_EQ(EncodeMeadeLatitude(minusZero), "#:St -00*30#");
+  EXPECT_EQ(EncodeMeadeLongitude(Place(0, 0, 1, 75, 30.2, 1)), "#:Sg 075*30#") << "west";
+  EXPECT_EQ(EncodeMeadeLongitude(Place(0, 0, 1, 0, 0, 1)), "#:Sg 000*00#") << "Greenwich";
   EXPECT_EQ(EncodeMeadeOffset(5, true), "#:SG+05#");
   EXPECT_EQ(EncodeMeadeOffset(-5.5, false), "#:SG-05.5#");
   EXPECT_EQ(EncodeMeadeOffset(0, false), "#:SG+00.0#");
@@ -53,53 +41,36 @@ TEST(MeadeUploadCommands, OffsetAndTimeForms) {
 }
 
 TEST(MeadeUploadCommands, DaylightTimeAddsAnHourUnlessTheModelShiftsItself) {
-  const struct {
-    const char* legend;
-    double gmtOffset;
-    bool daylight, noDstShift;
-    double sent;
-  } rows[] = {
-      {"standard time", 5, false, false, 5},
-      {"daylight time", 4, true, false, 5},
-      {"daylight time, model keeps its own shift", 4, true, true, 4},
-      {"east of Greenwich in daylight time", -2, true, false, -1},
-  };
-  for (const auto& row : rows) {
+  auto sent = [](bool daylight, bool noDstShift) {
     SharedState state;
     FakeClock clock;
-    state.place.gmtOffset = row.gmtOffset;
-    state.telescope.scopeNoDstShift = row.noDstShift;
-    clock.zone.daylight = row.daylight;
-    EXPECT_EQ(UploadOffsetHours(state, clock), row.sent) << row.legend;
-  }
+    state.place.gmtOffset = 4;
+    state.telescope.scopeNoDstShift = noDstShift;
+    clock.zone.daylight = daylight;
+    return UploadOffsetHours(state, clock);
+  };
+  EXPECT_EQ(sent(false, false), 4);
+  EXPECT_EQ(sent(true, false), 5);
+  EXPECT_EQ(sent(true, true), 4);
 }
 
 TEST(MeadeUploadCommands, Model401WithGpsGetsTheGreenwichDate) {
-  const struct {
-    const char* legend;
-    int code;
-    bool gps;
-    const char *daySign, *month, *day, *year;  // local date texts
-    const char* sent;                          // MM/DD/YY
-  } rows[] = {
-      {"a day ahead at the year's end", 401, true, "+", "12", "31", "2005", "01/01/06"},
-      {"a day behind in a leap year", 401, true, "-", "03", "01", "2004", "02/29/04"},
-      {"same day", 401, true, " ", "03", "23", "2005", "03/23/05"},
-      {"401 without GPS keeps the local date", 401, false, "+", "12", "31", "2005", "12/31/05"},
-      {"another model keeps the local date", 405, true, "+", "12", "31", "2005", "12/31/05"},
-  };
-  for (const auto& row : rows) {
+  auto sent = [](int code, bool gps, const char* daySign, const char* month, const char* day,
+                 const char* year) {
     SharedState state;
-    state.telescope.scopeCode = row.code;
-    state.telescope.scopeHasGps = row.gps;
-    state.time.gmtDaySign = row.daySign;
-    state.time.monthText = row.month;
-    state.time.dayText = row.day;
-    state.time.yearText = row.year;
-    state.time.hourText = "22";
+    state.telescope.scopeCode = code;
+    state.telescope.scopeHasGps = gps;
+    state.time.gmtDaySign = daySign;
+    state.time.monthText = month;
+    state.time.dayText = day;
+    state.time.yearText = year;
     MeadeDate date = UploadDate(state);
-    EXPECT_EQ(date.month + "/" + date.day + "/" + date.year2, row.sent) << row.legend;
-  }
+    return date.month + "/" + date.day + "/" + date.year2;
+  };
+  EXPECT_EQ(sent(401, true, "+", "12", "31", "2005"), "01/01/06") << "a day ahead, new year";
+  EXPECT_EQ(sent(401, true, "-", "03", "01", "2004"), "02/29/04") << "a day behind, leap year";
+  EXPECT_EQ(sent(401, false, "+", "12", "31", "2005"), "12/31/05") << "no GPS: the local date";
+  EXPECT_EQ(sent(405, true, "+", "12", "31", "2005"), "12/31/05") << "another model";
 }
 
 // An LX200 harness with the observer 48 deg 7 min north, 11 deg 31 min east, 5 hours west of
@@ -110,15 +81,12 @@ struct UploadHarness : WireHarness {
     state.place = Place(48, 7.038, 1, -11, 31, 1);
     state.place.gmtOffset = 5;
   }
-  bool Upload(bool fromUploadButton = true) {
-    return UploadMeade(context, monitor, fromUploadButton);
-  }
 };
 
 TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
   UploadHarness h;
   ASSERT_SIM_STARTED(h);
-  EXPECT_TRUE(h.Upload());
+  EXPECT_TRUE(UploadMeade(h.context, h.monitor, true));
   EXPECT_EQ(h.sim.ReceivedBytes(),
             "#:Sg 348*29##:St +48*07##:SG+05.0##:SC 03/23/05##:SL 21:05:09#");
   EXPECT_EQ(h.dialogs.shown.size(), 0u) << "success is announced by the dialog, not here";
@@ -135,84 +103,89 @@ TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
       << "the date's long answer is waited out once";
 }
 
-TEST(UploadMeade, StepsAreSentAgainUntilAnsweredAndARefusalEndsTheUploadWithTheReply) {
+TEST(UploadMeade, RepeatsRefusalsAndHangUps) {
   const struct {
     const char* legend;
-    int ignoreFirstQueries, refuseOffsetForms;
-    bool refuseAllSets;
-    const char* message;
-    std::size_t commandsSent;
-  } rows[] = {
-      {"the longitude sent three times", 2, 0, false, nullptr, 7},
-      {"decimal offset refused: whole hours", 0, 1, false, nullptr, 6},
-      {"both offset forms refused", 0, 2, false, "Invalid Scope Response to Set GMT Offset= 0", 4},
-      {"longitude refused", 0, 0, true, "Invalid Scope Response to Set Longitude=0", 1},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.legend);
-    UploadHarness h({.ignoreFirstQueries = row.ignoreFirstQueries,
-                     .rules = {row.refuseOffsetForms, row.refuseAllSets}});
-    ASSERT_SIM_STARTED(h);
-    EXPECT_EQ(h.Upload(), row.message == nullptr);
-    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
-    EXPECT_EQ(h.sim.Commands().size(), row.commandsSent);
-    EXPECT_FALSE(h.comm.IsOpen(kPort));
-  }
-}
-
-TEST(UploadMeade, RefusedOutsideRealTimeAndInTheLastSecondsBeforeMidnight) {
-  const struct {
-    const char* legend;
-    bool realTime;
-    const char* time;  // hh:mm:ss
-    const char* message;
-  } rows[] = {
-      {"fictitious time", false, "21:05:09", "Must be in Real-Time Mode to Upload Data"},
-      {"23:59:56", true, "23:59:56", "Date rollover, possible inconsistency. Try Again"},
-      {"23:59:55 still goes", true, "23:59:55", nullptr},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.legend);
-    UploadHarness h;
-    ASSERT_SIM_STARTED(h);
-    h.state.time.realTimeMode = row.realTime;
-    const std::string time = row.time;
-    h.state.time.hourText = time.substr(0, 2);
-    h.state.time.minuteText = time.substr(3, 2);
-    h.state.time.secondText = time.substr(6, 2);
-    EXPECT_EQ(h.Upload(), row.message == nullptr);
-    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
-    EXPECT_EQ(h.sim.ReceivedBytes().empty(), row.message != nullptr) << "nothing sent if refused";
-  }
-}
-
-TEST(UploadMeade, ClosingTheWindowEndsTheWaitForASilentTelescope) {
-  UploadHarness h(WithFault(ReplyFault::kSilent));
-  ASSERT_SIM_STARTED(h);
-  h.CloseWindowWhen([&] { return h.sim.CountCommands(":Sg 348*29#") >= 3; });
-  EXPECT_FALSE(h.Upload());
-  EXPECT_EQ(h.dialogs.shown.size(), 0u) << "closing the window is not an error";
-  EXPECT_FALSE(h.comm.IsOpen(kPort));
-  EXPECT_EQ(h.sim.CountCommands(":St +48*07#"), 0);
-}
-
-TEST(UploadMeade, AHangUpIsReportedExceptForASiteWriteOfAnUploadNotStartedByTheUser) {
-  const struct {
-    const char* legend;
-    int hangUpAfterBytes;
+    SimBehaviour sim;
     bool fromUploadButton;
+    const char* time;  // hh:mm:ss shown; nullptr: fictitious time
+    bool uploaded;
     const char* message;
+    std::size_t commands;  // received by the telescope
   } rows[] = {
-      {"during the longitude, user's upload", 5, true, "UNABLE TO WRITE TO COM 1"},
-      {"during the longitude, other upload", 5, false, nullptr},
-      {"during the offset, other upload", 30, false, "UNABLE TO WRITE TO COM 1"},
+      {"no answer twice: the longitude sent three times",
+       {.ignoreFirstQueries = 2},
+       true,
+       "21:05:09",
+       true,
+       nullptr,
+       7},
+      {"decimal offset refused: whole hours",
+       {.rules = {1, false}},
+       true,
+       "21:05:09",
+       true,
+       nullptr,
+       6},
+      {"both offset forms refused",
+       {.rules = {2, false}},
+       true,
+       "21:05:09",
+       false,
+       "Invalid Scope Response to Set GMT Offset= 0",
+       4},
+      {"longitude refused",
+       {.rules = {0, true}},
+       true,
+       "21:05:09",
+       false,
+       "Invalid Scope Response to Set Longitude=0",
+       1},
+      {"hung up in the longitude, the user's upload",
+       {.hangUpAfterBytes = 5},
+       true,
+       "21:05:09",
+       false,
+       "UNABLE TO WRITE TO COM 1",
+       0},
+      {"hung up in the longitude, another upload",
+       {.hangUpAfterBytes = 5},
+       false,
+       "21:05:09",
+       false,
+       nullptr,
+       0},
+      {"hung up in the offset, another upload",
+       {.hangUpAfterBytes = 30},
+       false,
+       "21:05:09",
+       false,
+       "UNABLE TO WRITE TO COM 1",
+       2},
+      {"fictitious time", {}, true, nullptr, false, "Must be in Real-Time Mode to Upload Data", 0},
+      {"23:59:56",
+       {},
+       true,
+       "23:59:56",
+       false,
+       "Date rollover, possible inconsistency. Try Again",
+       0},
+      {"23:59:55 still goes", {}, true, "23:59:55", true, nullptr, 5},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.legend);
-    UploadHarness h({.hangUpAfterBytes = row.hangUpAfterBytes});
+    UploadHarness h(row.sim);
     ASSERT_SIM_STARTED(h);
-    EXPECT_FALSE(h.Upload(row.fromUploadButton));
-    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
+    h.state.time.realTimeMode = row.time != nullptr;
+    if (row.time != nullptr) {
+      const std::string time = row.time;
+      h.state.time.hourText = time.substr(0, 2);
+      h.state.time.minuteText = time.substr(3, 2);
+      h.state.time.secondText = time.substr(6, 2);
+    }
+    EXPECT_EQ(UploadMeade(h.context, h.monitor, row.fromUploadButton), row.uploaded);
+    EXPECT_EQ(h.dialogs.messages, Shown(row.message));
+    EXPECT_EQ(h.sim.Commands().size(), row.commands);
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }

@@ -22,75 +22,37 @@ struct ReadbackHarness : WireHarness {
     mount.aligned = aligned;
     sim.SetMount(mount);
   }
-  bool Unchanged() const {
-    return state.object.objRaHours == 1 && state.object.objDecDegrees == 2 &&
-           !state.telescope.positionFromScope;
+  bool Load(bool startedByUser = true) {
+    return state.telescope.scopeType == 1 ? CelestronLoad(context, monitor, startedByUser)
+                                          : MeadeLoad(context, monitor);
   }
 };
 
-TEST(CelestronLoad, ReadsAnAlignedMountsPositionWithTheDeclinationUnfolded) {
-  const struct {
-    int code, ignoredQueries;
-    const char *wire, *status;
-  } rows[] = {
-      {101, 0, "JE", "No scope response yet. Verify Connection."},
-      {101, 3, "JJJJE", "No scope response yet. Verify Connection."},  // asked until answered
-      {103, 0, "JE",
-       "No scope response yet. Verify Connection.\nNexstar 60/80/114 must be in 'RS-232 Mode'"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.wire + std::string(" from ") + std::to_string(row.code));
-    ReadbackHarness h(1, {.ignoreFirstQueries = row.ignoredQueries});
+TEST(PositionReadback, CelestronReadsTheDeclinationUnfoldedAndAsksUntilAnswered) {
+  for (int code : {101, 103}) {
+    SCOPED_TRACE(code);
+    ReadbackHarness h(1, {.ignoreFirstQueries = 3});
     ASSERT_SIM_STARTED(h);
-    h.state.telescope.scopeCode = row.code;
+    h.state.telescope.scopeCode = code;
     h.Point(0x4000, 0xC000);
-    EXPECT_TRUE(CelestronLoad(h.context, h.monitor, true));
-    EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
-    const ObjectState& o = h.state.object;
-    EXPECT_EQ(o.objRaHours, 6);
-    EXPECT_NEAR(o.objRaMinutes, 0, kMinutesTolerance);
-    EXPECT_EQ(o.objDecDegrees, 270) << "a southern position stays between 180 and 360";
-    EXPECT_NEAR(o.objDecMinutes, 0, kMinutesTolerance);
-    EXPECT_EQ(o.objDecSign, 1);
+    EXPECT_TRUE(h.Load());
+    EXPECT_EQ(h.sim.ReceivedBytes(), "JJJJE");
+    EXPECT_EQ(h.state.object.objRaHours, 6);
+    EXPECT_EQ(h.state.object.objDecDegrees, 270) << "a southern position stays in 180..360";
+    EXPECT_NEAR(h.state.object.objDecMinutes, 0, kMinutesTolerance);
     EXPECT_TRUE(h.state.telescope.positionFromScope);
-    EXPECT_EQ(h.statuses, Shown(row.status));
-    EXPECT_EQ(h.dialogs.shown.size(), 0u);
+    EXPECT_EQ(h.statuses, Shown(code == 101 ? "No scope response yet. Verify Connection."
+                                            : "No scope response yet. Verify Connection.\nNexstar "
+                                              "60/80/114 must be in 'RS-232 Mode'"));
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }
 
-TEST(CelestronLoad, FailuresKeepTheObjectAndSaySoWhenTheyShould) {
-  const SimBehaviour hangUp{.hangUpAfterBytes = 1};
-  const struct {
-    const char* legend;
-    SimBehaviour behaviour;
-    bool aligned, startedByUser;
-    const char* message;
-  } rows[] = {
-      {"not aligned", SimBehaviour(), false, true, "Scope is Not Aligned"},
-      {"garbage", WithFault(ReplyFault::kGarbage), true, true, "Invalid Scope Response"},
-      {"reply without its #", WithFault(ReplyFault::kShort), true, true, "Invalid Scope Response"},
-      {"hung up, the user's load", hangUp, true, true, "UNABLE TO WRITE TO COM 1"},
-      {"hung up, another caller's load", hangUp, true, false, nullptr},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.legend);
-    ReadbackHarness h(1, row.behaviour);
-    ASSERT_SIM_STARTED(h);
-    h.Point(0, 0, row.aligned);
-    EXPECT_FALSE(CelestronLoad(h.context, h.monitor, row.startedByUser));
-    EXPECT_EQ(h.dialogs.Messages(), Shown(row.message));
-    EXPECT_EQ(h.sim.ReceivedBytes(), "J");
-    EXPECT_TRUE(h.Unchanged());
-    EXPECT_FALSE(h.comm.IsOpen(kPort));
-  }
-}
-
-TEST(MeadeLoad, ReadsRightAscensionAndDeclinationWithTheSignOfMinusZero) {
+TEST(PositionReadback, MeadeReadsTheSignOfMinusZero) {
   ReadbackHarness h(4);
   ASSERT_SIM_STARTED(h);
   h.Point(15223, 65444);  // 5 h 34.5 min, -0 deg 30 min
-  EXPECT_TRUE(MeadeLoad(h.context, h.monitor));
+  EXPECT_TRUE(h.Load());
   EXPECT_EQ(h.sim.ReceivedBytes(), "#:GR##:GD#");
   const ObjectState& o = h.state.object;
   EXPECT_EQ(o.objRaHours, 5);
@@ -98,35 +60,56 @@ TEST(MeadeLoad, ReadsRightAscensionAndDeclinationWithTheSignOfMinusZero) {
   EXPECT_EQ(o.objDecDegrees, 0);
   EXPECT_EQ(o.objDecMinutes, 30);
   EXPECT_EQ(o.objDecSign, -1);
-  EXPECT_TRUE(h.state.telescope.positionFromScope);
   EXPECT_EQ(h.statuses, (std::vector<std::string>{"No scope response yet. Verify Connection.\n",
                                                   "Waiting for Scope Right Ascension.",
                                                   "Waiting for Scope Declination."}));
 }
 
-TEST(MeadeLoad, AReplyWithoutItsHashIsRefused) {
-  ReadbackHarness h(4, WithFault(ReplyFault::kGarbage));
-  ASSERT_SIM_STARTED(h);
-  EXPECT_FALSE(MeadeLoad(h.context, h.monitor));
-  EXPECT_EQ(h.dialogs.Messages(), Shown("Invalid Scope Response"));
-  EXPECT_TRUE(h.Unchanged());
-  EXPECT_FALSE(h.comm.IsOpen(kPort));
-}
-
-TEST(PositionReadback, AShortReplyIsAskedForAgainUntilTheWindowCloses) {
+TEST(PositionReadback, FailuresKeepTheObjectAndSaySoWhenTheyShould) {
+  const SimBehaviour hangUp{.hangUpAfterBytes = 1};
   const struct {
+    const char* legend;
     int type;
-    const char *faultOnlyFor, *query;
-  } rows[] = {{1, "E", "E"}, {4, ":GD", ":GD#"}};
+    SimBehaviour behaviour;
+    bool aligned, startedByUser;
+    const char *wire, *message;
+  } rows[] = {
+      {"not aligned", 1, SimBehaviour(), false, true, "J", "Scope is Not Aligned"},
+      {"garbage", 1, WithFault(ReplyFault::kGarbage), true, true, "J", "Invalid Scope Response"},
+      {"reply without its #", 1, WithFault(ReplyFault::kShort), true, true, "J",
+       "Invalid Scope Response"},
+      {"hung up, the user's load", 1, hangUp, true, true, "J", "UNABLE TO WRITE TO COM 1"},
+      {"hung up, another caller's load", 1, hangUp, true, false, "J", nullptr},
+      {"LX200 garbage", 4, WithFault(ReplyFault::kGarbage), true, true, "#:GR#",
+       "Invalid Scope Response"},
+      // A reply too short is no error: it is asked for again until the window is closed.
+      {"NexStar position short",
+       1,
+       {.fault = ReplyFault::kShort, .faultOnlyFor = "E"},
+       true,
+       true,
+       "JEEE",
+       nullptr},
+      {"LX200 declination short",
+       4,
+       {.fault = ReplyFault::kShort, .faultOnlyFor = ":GD"},
+       true,
+       true,
+       "#:GR##:GD##:GD##:GD#",
+       nullptr},
+  };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.query);
-    ReadbackHarness h(row.type, {.fault = ReplyFault::kShort, .faultOnlyFor = row.faultOnlyFor});
+    SCOPED_TRACE(row.legend);
+    ReadbackHarness h(row.type, row.behaviour);
     ASSERT_SIM_STARTED(h);
-    h.CloseWindowWhen([&] { return h.sim.CountCommands(row.query) >= 3; });
-    EXPECT_FALSE(row.type == 1 ? CelestronLoad(h.context, h.monitor, true)
-                               : MeadeLoad(h.context, h.monitor));
-    EXPECT_EQ(h.dialogs.shown.size(), 0u) << "a reply too short is not an error";
-    EXPECT_TRUE(h.Unchanged());
+    h.Point(0, 0, row.aligned);
+    h.CloseWindowWhen([&] { return h.sim.Commands().size() >= 4; });
+    EXPECT_FALSE(h.Load(row.startedByUser));
+    EXPECT_EQ(h.dialogs.messages, Shown(row.message));
+    EXPECT_EQ(h.sim.ReceivedBytes(), row.wire);
+    EXPECT_EQ(h.state.object.objRaHours, 1);
+    EXPECT_EQ(h.state.object.objDecDegrees, 2);
+    EXPECT_FALSE(h.state.telescope.positionFromScope);
     EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }

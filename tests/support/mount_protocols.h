@@ -19,8 +19,7 @@ struct MotorCommand {
 
 // What the mount knows. Positions are on the 65,536-step circle.
 struct MountState {
-  std::uint16_t raSteps = 0, decSteps = 0;              // where it points
-  std::uint16_t targetRaSteps = 0, targetDecSteps = 0;  // LX200 target before :MS
+  std::uint16_t raSteps = 0, decSteps = 0;  // where it points, as the read-back reports it
   bool aligned = true;
   std::vector<MotorCommand> motions{};
 
@@ -33,13 +32,12 @@ struct MountState {
   int zoneHoursEast = 0;
   bool daylight = false;
 
-  // LX200 site and clock, as :St :Sg :SG :SC :SL leave them and :Gt :Gg :GG :GC :GL report them.
+  // LX200 site and clock, as :Gt :Gg :GG :GC :GL report them.
   int lxLatitudeArcmin = 51 * 60 + 29;  // signed, north positive
   int lxLongitudeArcmin = 0;            // 0 to 21599, counted westward
-  double lxUtcOffsetHours = 0;          // hours to add to local time for UTC
+  int lxUtcOffsetHours = 0;             // whole hours to add to local time for UTC
   int lxMonth = 3, lxDay = 23, lxYear2 = 5;
   int lxHour = 21, lxMinute = 30, lxSecond = 0;
-  char lxDegreeSign = '\xDF';  // what a real LX200 puts between degrees and minutes
 };
 
 // How picky the mount is.

@@ -4,27 +4,11 @@
 #include <pthread.h>
 #include <sched.h>
 #include <sys/eventfd.h>
-#include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <utility>
 
 namespace astel::testing {
-
-namespace {
-
-int BaudOf(speed_t speed) {
-  const std::pair<speed_t, int> speeds[] = {{B1200, 1200},   {B2400, 2400},    {B4800, 4800},
-                                            {B9600, 9600},   {B19200, 19200},  {B38400, 38400},
-                                            {B57600, 57600}, {B115200, 115200}};
-  for (auto [code, baud] : speeds) {
-    if (code == speed) return baud;
-  }
-  return 0;
-}
-
-}  // namespace
 
 ScopeSimulator::ScopeSimulator(int scopeType, SimBehaviour behaviour)
     : protocol_(MakeMountProtocol(scopeType)), behaviour_(behaviour) {}
@@ -78,8 +62,7 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
   {
     std::lock_guard lock(mutex_);
     for (std::size_t i = 0; i < count; ++i) {
-      received_.push_back(
-          {bytes[i], now, (line.c_cflag & CSTOPB) != 0, BaudOf(cfgetispeed(&line))});
+      received_.push_back({bytes[i], now, (line.c_cflag & CSTOPB) != 0, cfgetispeed(&line)});
       if (behaviour_.hangUpAfterBytes >= 0 &&
           static_cast<int>(received_.size()) >= behaviour_.hangUpAfterBytes) {
         hungUp_ = true;
@@ -139,14 +122,6 @@ std::vector<std::string> ScopeSimulator::Commands() const {
   return commands_;
 }
 
-int ScopeSimulator::CountCommands(const std::string& bytes) const {
-  std::lock_guard lock(mutex_);
-  int count = 0;
-  for (const std::string& c : commands_)
-    count += c == bytes ? 1 : 0;
-  return count;
-}
-
 void ScopeSimulator::ClearRecords() {
   std::lock_guard lock(mutex_);
   received_.clear();
@@ -167,11 +142,6 @@ MountState ScopeSimulator::Mount() const {
 void ScopeSimulator::SetMount(const MountState& mount) {
   std::lock_guard lock(mutex_);
   mount_ = mount;
-}
-
-void ScopeSimulator::SetBehaviour(const SimBehaviour& behaviour) {
-  std::lock_guard lock(mutex_);
-  behaviour_ = behaviour;
 }
 
 }  // namespace astel::testing

@@ -3,6 +3,8 @@
 // time and the line settings in force, and can misbehave on request.
 #pragma once
 
+#include <termios.h>
+
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -33,8 +35,8 @@ struct SimBehaviour {
 struct ReceivedByte {
   unsigned char value = 0;
   std::chrono::steady_clock::time_point at;
-  bool twoStopBits = false;  // the line setting when it arrived
-  int baud = 0;
+  bool twoStopBits = false;  // the line settings when it arrived
+  speed_t speed = B0;
 };
 
 class ScopeSimulator {
@@ -52,14 +54,12 @@ class ScopeSimulator {
   std::vector<ReceivedByte> Received() const;
   std::string ReceivedBytes() const;
   std::vector<std::string> Commands() const;  // each complete command, in order
-  int CountCommands(const std::string& bytes) const;
   void ClearRecords();
   // Waits (real time) until `count` commands have arrived; false on time-out.
   bool WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const;
 
   MountState Mount() const;
   void SetMount(const MountState& mount);
-  void SetBehaviour(const SimBehaviour& behaviour);
 
  private:
   void Serve();

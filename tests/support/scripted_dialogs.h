@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <deque>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,12 +27,7 @@ class ScriptedDialogs : public Dialogs {
   std::deque<bool> choices;         // yes/no and OK/Cancel questions, in order
   // Input-box prompts with their titles and defaults, messages, and questions, in order.
   std::vector<std::string> prompts, titles, defaults, messages, questions;
-  std::vector<Shown> shown;                  // everything, in order
-  std::function<void(const Shown&)> onShow;  // runs as each box appears: the test plays the user
-
-  void QueueYesNo(bool yes) { choices.push_back(yes); }
-  void QueueOkCancel(bool ok) { choices.push_back(ok); }
-  std::vector<std::string> Messages() const { return messages; }
+  std::vector<Shown> shown;  // everything, in order
 
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& defaultAnswer) override {
@@ -61,10 +55,7 @@ class ScriptedDialogs : public Dialogs {
   }
 
  private:
-  void Record(Shown item) {
-    shown.push_back(std::move(item));
-    if (onShow) onShow(shown.back());
-  }
+  void Record(Shown item) { shown.push_back(std::move(item)); }
   bool Choose(Kind kind, const std::string& text, const std::string& title) {
     questions.push_back(text);
     Record({kind, text, title, ""});
