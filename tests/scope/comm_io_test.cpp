@@ -3,11 +3,15 @@
 #include "scope/comm_io.h"
 
 #include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cstring>
 #include <thread>
 
 #include "tests/scope/wire_harness.h"
@@ -53,6 +57,30 @@ struct FixedDevice {
   std::ostringstream diagnostics;
   CommPorts comm;
 };
+
+// Runs `body` in a child process as the unprivileged user "nobody" (as ourselves when we are not
+// root); returns what the child wrote to its pipe.
+std::string AsAnotherUser(const std::function<std::string()>& body) {
+  int pipeFds[2];
+  if (::pipe(pipeFds) != 0) return "pipe failed";
+  pid_t child = ::fork();
+  if (child == 0) {
+    ::close(pipeFds[0]);
+    if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(3);
+    std::string result = body();
+    [[maybe_unused]] auto written = ::write(pipeFds[1], result.data(), result.size());
+    ::_exit(0);
+  }
+  ::close(pipeFds[1]);
+  std::string result;
+  char buffer[512];
+  ssize_t count;
+  while ((count = ::read(pipeFds[0], buffer, sizeof buffer)) > 0)
+    result.append(buffer, static_cast<std::size_t>(count));
+  ::close(pipeFds[0]);
+  ::waitpid(child, nullptr, 0);
+  return result;
+}
 
 TEST(CommIO, RepeatedOpenAndCloseCyclesWorkEveryTimeAndLeakNothing) {
   WireHarness h(4);
@@ -166,6 +194,37 @@ TEST(CommIO, OpenFailuresAreRecordedAndExplained) {
                       "device path"),
             std::string::npos)
       << told;
+}
+
+TEST(CommIO, AnOpenPortIsExclusiveAndAForbiddenOnePointsAtTheDialoutGroup) {
+  PtyEndpoint device;
+  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
+  const std::string path = device.SlavePath();
+  ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+  auto otherProgramOpens = [&] {
+    return AsAnotherUser([&] {
+      int fd = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+      std::string outcome = fd >= 0 ? "opened" : std::strerror(errno);
+      if (fd >= 0) ::close(fd);
+      return outcome;
+    });
+  };
+  FixedDevice rig(path);
+  ASSERT_EQ(rig.comm.CommOpen(kPort, "COM1", kMode), 0);
+  EXPECT_EQ(otherProgramOpens(), "Device or resource busy");
+  ASSERT_EQ(rig.comm.CommClose(kPort), 0);
+  EXPECT_EQ(otherProgramOpens(), "opened") << "exclusivity ends with the close";
+
+  ASSERT_EQ(::chmod(path.c_str(), ::geteuid() == 0 ? 0600 : 0000), 0);
+  std::string result = AsAnotherUser([&] {
+    FixedDevice forbidden(path);
+    int status = forbidden.comm.CommOpen(kPort, "COM1", kMode);
+    return std::to_string(status) + "|" + forbidden.comm.LastError().source + "|" +
+           forbidden.comm.LastError().message + "|" + forbidden.diagnostics.str();
+  });
+  EXPECT_EQ(result.substr(0, result.find('|')), std::to_string(EACCES)) << result;
+  EXPECT_NE(result.find("|CommOpen (CreateFile)|Permission denied|"), std::string::npos) << result;
+  EXPECT_NE(result.find("dialout"), std::string::npos) << result;
 }
 
 TEST(CommIO, AHungUpLineFailsTransfersWithTheirSources) {
