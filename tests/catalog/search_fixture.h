@@ -13,16 +13,9 @@
 #include "catalog/search.h"
 #include "catalog/search_ports.h"
 #include "catalog_files.h"
-#include "tests/support/scripted_dialogs.h"
+#include "tests/support/fake_ports.h"
 
 namespace astel::testing {
-
-class FakeEvents : public Events {
- public:
-  int doEventsCalls = 0;
-  void DoEvents() override { ++doEventsCalls; }
-  void Sleep(int) override {}
-};
 
 class FakeSearchWindow : public SearchWindow {
  public:
@@ -34,16 +27,6 @@ class FakeSearchWindow : public SearchWindow {
   }
   void SetProgress(const std::string& text) override { progress.push_back(text); }
   void Hide() override { visible = false; }
-};
-
-class FakeShell : public Shell {
- public:
-  std::vector<std::string> opened;
-  bool OpenDocument(const std::string& path, const std::string&) override {
-    opened.push_back(path);
-    return true;
-  }
-  bool StartProgram(const std::string&, const std::string&) override { return true; }
 };
 
 // A telescope that reports a fixed position of date, or fails.
@@ -64,7 +47,7 @@ struct CatalogRig {
   ScriptedDialogs dialogs;
   FakeEvents events;
   FakeSearchWindow window;
-  FakeShell shell;
+  RecordingShell shell;
   CatalogPorts ports{dialogs, events, window, shell};
 };
 

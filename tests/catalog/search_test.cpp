@@ -118,7 +118,7 @@ TEST_F(SearchTest, ProgressEveryHundredRecords) {
   ASSERT_EQ(rig.window.progress.size(), 10u);
   EXPECT_EQ(rig.window.progress[0], "Searching for nothing  in Catalog TEST.OBC    100");
   EXPECT_EQ(rig.window.progress[9], "Searching for nothing  in Catalog TEST.OBC    1000");
-  EXPECT_EQ(rig.events.doEventsCalls, 11) << "once when the window opens, then every 100";
+  EXPECT_EQ(rig.events.doEventsCount, 11) << "once when the window opens, then every 100";
 }
 
 TEST_F(SearchTest, BadCatalogsEndInNotFound) {

@@ -9,6 +9,7 @@
 #include "session/main_window.h"
 #include "session/startup.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/fake_ports.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/temp_dir.h"
 
@@ -29,20 +30,6 @@ class PickingWindows : public Windows {
 };
 
 // Records the programs and documents it is asked to start ("program|parameters").
-class RecordingShell : public Shell {
- public:
-  bool OpenDocument(const std::string& path, const std::string&) override {
-    opened.push_back(path);
-    return works;
-  }
-  bool StartProgram(const std::string& program, const std::string& parameters) override {
-    started.push_back(program + "|" + parameters);
-    return works;
-  }
-  std::vector<std::string> opened, started;
-  bool works = true;
-};
-
 class StartedProgram : public ::testing::Test {
  protected:
   // Greenwich's meridian at 51 28.6 N, no telescope, the clock at 21:30:05 on 22 November 2026.

@@ -1,5 +1,5 @@
 // Test doubles of the ports, for every test that drives logic without windows: the scripted
-// dialogs and the fixed clock, plus event passes and timers.
+// dialogs and the fixed clock, plus event passes, timers and the shell.
 #pragma once
 
 #include <deque>
@@ -29,6 +29,22 @@ class FakeEvents : public Events {
 
  private:
   bool inHook_ = false;
+};
+
+// Remembers every document opened and program started; `works` false plays a desktop that
+// cannot open them.
+class RecordingShell : public Shell {
+ public:
+  bool OpenDocument(const std::string& path, const std::string&) override {
+    opened.push_back(path);
+    return works;
+  }
+  bool StartProgram(const std::string& program, const std::string& parameters) override {
+    started.push_back(program + "|" + parameters);
+    return works;
+  }
+  std::vector<std::string> opened, started;
+  bool works = true;
 };
 
 // A window timer that only remembers whether it runs; the test fires it by calling the logic.

@@ -18,21 +18,12 @@
 #include "scope/comm_io.h"
 #include "session/startup.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/fake_ports.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/temp_dir.h"
 #include "ui/gui_context.h"
 
 namespace astel::uitest {
-
-class RecordingShell : public Shell {
- public:
-  std::vector<std::string> opened;
-  bool OpenDocument(const std::string& path, const std::string&) override {
-    opened.push_back(path);
-    return true;
-  }
-  bool StartProgram(const std::string&, const std::string&) override { return true; }
-};
 
 class RecordingClipboard : public Clipboard {
  public:
@@ -77,7 +68,7 @@ struct TestProgram {
   testing::FakeClock clock;
   testing::ScriptedDialogs dialogs;  // an unexpected box is a failure
   QueueEvents events;
-  RecordingShell shell;
+  testing::RecordingShell shell;
   RecordingClipboard clipboard;
   NoWindows windows;
   SharedState state;
