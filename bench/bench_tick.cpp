@@ -69,6 +69,25 @@ void BM_TickWithCatalogObject(benchmark::State& bench) {
 }
 BENCHMARK(BM_TickWithCatalogObject)->Unit(benchmark::kMicrosecond);
 
+// The shipped comet-or-asteroid catalog open: the position served for each tick's hour.
+void BM_TickWithTransientCatalog(benchmark::State& bench) {
+  astel::SharedState state;
+  SteppingClock clock;
+  astel::bench::QuietDialogs dialogs;
+  SetUpState(state, -1);
+  state.files.catalogDirectory = std::string(ASTEL_SOURCE_DATA_DIR) + "/";
+  state.files.catalogFileName = "CERES.OBC";
+  state.search.transientCatalog = true;
+  state.object.objectKind = -1;
+  astel::MainWindowLogic logic(state, clock, dialogs);
+  for (auto _ : bench) {
+    logic.Tick();
+    benchmark::DoNotOptimize(logic.Display().altitude.data());
+  }
+  if (state.search.foundState != 1) bench.SkipWithError("no Ceres position for the bench's date");
+}
+BENCHMARK(BM_TickWithTransientCatalog)->Unit(benchmark::kMicrosecond);
+
 }  // namespace
 
 BENCHMARK_MAIN();

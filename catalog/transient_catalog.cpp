@@ -1,6 +1,8 @@
 #include "catalog/transient_catalog.h"
 
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 
 #include "astro/coordinates.h"
 #include "catalog/catalog_reader.h"
@@ -24,6 +26,27 @@ struct Served {
   std::string record;
   double time = 0;
 };
+
+// The position records of the file at `path`, read again only when its size or modification time
+// differ from what `cache` holds; a file that cannot be read holds no positions.
+const TransientRecords& CurrentRecords(const std::string& path, TransientRecords& cache) {
+  std::error_code error;
+  const auto modified = std::filesystem::last_write_time(path, error);
+  const std::uintmax_t size = error ? 0 : std::filesystem::file_size(path, error);
+  const std::int64_t stamp = error ? 0 : modified.time_since_epoch().count();
+  if (!error && cache.path == path && cache.modified == stamp && cache.size == size) return cache;
+
+  cache = TransientRecords{error ? std::string() : path, stamp, size, {}};
+  CatalogReader reader;
+  std::string record;
+  if (error || !reader.Open(path) || !reader.NextRaw(record)) return cache;
+  while (reader.Next(record)) {
+    if (record[87] != 'T') continue;
+    if (const std::optional<double> time = TransientRecordTime(record))
+      cache.byTime.emplace_back(*time, record);
+  }
+  return cache;
+}
 
 }  // namespace
 
@@ -72,20 +95,14 @@ TransientResult ReloadTransientPosition(SharedState& state, Dialogs& dialogs) {
   if (!q.transientCatalog) return TransientResult::kNotTransient;
   const double now = GmtJulianDate(state.time);
 
+  const TransientRecords& records = CurrentRecords(
+      CatalogPath(state.files.catalogDirectory, state.files.catalogFileName), q.transientRecords);
   std::optional<Served> at, next;
-  CatalogReader reader;
-  std::string record;
-  if (reader.Open(CatalogPath(state.files.catalogDirectory, state.files.catalogFileName)) &&
-      reader.NextRaw(record)) {
-    while (reader.Next(record)) {
-      if (record[87] != 'T') continue;
-      const std::optional<double> time = TransientRecordTime(record);
-      if (!time) continue;
-      if (*time <= now + kTimeSlackDays) {
-        if (!at || *time > at->time) at = Served{record, *time};
-      } else if (!next || *time < next->time) {
-        next = Served{record, *time};
-      }
+  for (const auto& [time, record] : records.byTime) {
+    if (time <= now + kTimeSlackDays) {
+      if (!at || time > at->time) at = Served{record, time};
+    } else if (!next || time < next->time) {
+      next = Served{record, time};
     }
   }
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace astel {
@@ -128,6 +129,15 @@ struct ObjectState {
   std::string elongationDegreesText, elongationLabel;
 };
 
+// The position records of the open transient catalog with their GMT Julian dates, as last read;
+// the file's size and modification time tell whether it must be read again.
+struct TransientRecords {
+  std::string path;
+  std::int64_t modified = 0;
+  std::uintmax_t size = 0;
+  std::vector<std::pair<double, std::string>> byTime;
+};
+
 // The catalog search and its match history.
 struct SearchState {
   std::string searchText, lastSearchText;
@@ -148,10 +158,11 @@ struct SearchState {
   bool cancelRequested = false;
   std::vector<std::string> matchHistory = std::vector<std::string>(25);
   int matchCount = 0, matchIndex = 0;
-  std::string catalogDescription;    // header line of the open catalog
-  std::int64_t catalogOffset = 0;    // byte offset after the last record read, while catalogOpen
-  bool matchesFileComplete = false;  // the scan reached the end: WriteMatchButton views the file
-  bool transientReported = false;    // the "no positions" message was shown for this catalog
+  std::string catalogDescription;     // header line of the open catalog
+  std::int64_t catalogOffset = 0;     // byte offset after the last record read, while catalogOpen
+  bool matchesFileComplete = false;   // the scan reached the end: WriteMatchButton views the file
+  bool transientReported = false;     // the "no positions" message was shown for this catalog
+  TransientRecords transientRecords;  // so that the tick reads the file only when it changes
 };
 
 // The command-line script.
