@@ -1,5 +1,5 @@
 // A program on a fixed clock with a scripted Dialogs: the base of the start-up tests, of the tests
-// that drive the main window's buttons and of the script tests, with a shell that only records.
+// that drive the main window's buttons and of the script tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,20 +16,12 @@
 namespace astel::testing {
 
 // Opening the telescope selection stands for an observer who picks a Meade LX200 there.
-class PickingWindows : public Windows {
- public:
-  explicit PickingWindows(SharedState& state) : state_(state) {}
-  void OpenScopeSelection() override {
-    ++selections;
-    state_.telescope.scopeCode = 401;
-  }
-  int selections = 0;
-
- private:
-  SharedState& state_;
+struct PickingWindows : Windows {
+  explicit PickingWindows(SharedState& s) : state(s) {}
+  void OpenScopeSelection() override { state.telescope.scopeCode = 401; }
+  SharedState& state;
 };
 
-// Records the programs and documents it is asked to start ("program|parameters").
 class StartedProgram : public ::testing::Test {
  protected:
   // Greenwich's meridian at 51 28.6 N, no telescope, the clock at 21:30:05 on 22 November 2026.
@@ -42,12 +34,9 @@ class StartedProgram : public ::testing::Test {
   void SetUp() override { Start(""); }
 
   std::string HomePath(const std::string& name = "ASTEL.HOM") { return dir.path() + "/" + name; }
-  // Saves `home` as ASTEL.HOM and runs the start-up with the script.
-  int Launch(const std::string& script = "") {
-    EXPECT_EQ(SaveHomeFile(HomePath(), home), "");
-    return LaunchAsIs(script);
-  }
-  int LaunchAsIs(const std::string& script = "") {
+  // Runs the start-up with the script; `home` is saved as ASTEL.HOM first unless `asIs`.
+  int Launch(const std::string& script = "", bool asIs = false) {
+    EXPECT_TRUE(asIs || SaveHomeFile(HomePath(), home).empty());
     StartupInputs in{dir.path(), "", script, "/usr/bin/astel", desktop.path()};
     return Startup(state, in, dialogs, clock, windows);
   }

@@ -1,89 +1,89 @@
-// The dialogs without a device behind them: each opens with its controls, and their clicks reach
-// the logic. The telescope and GPS exchanges are in telescope_dialogs_test.cpp.
-#include <QPushButton>
+// The dialogs: motor control over a pseudo-terminal to the simulated mount of tests/support, the
+// telescope selection and the catalog chooser.
 #include <QtTest>
 
-#include "catalog/help_topics.h"
 #include "tests/catalog/catalog_files.h"
+#include "tests/support/scope_simulator.h"
 #include "tests/ui/ui_test_program.h"
 #include "ui/catalog_select.h"
-#include "ui/data_entry.h"
-#include "ui/file_select.h"
-#include "ui/help_form.h"
+#include "ui/move_scope.h"
+#include "ui/scope_form.h"
 
 namespace astel::uitest {
-
-using testing::WriteFile;
 
 class DialogsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void cleanup() { QVERIFY2(NoUnexpectedBox(), "a box no answer was queued for"); }
+  void cleanup() { ASTEL_NO_UNEXPECTED_BOX(); }
 
-  void fileSelectLoadsAHomeFile() {
+  void motorButtonsDriveTheMountOnPressAndRelease() {
     TestProgram p;
-    ui::FileSelectDialog window(p.context, nullptr);
-    QCOMPARE(window.fileList()->count(), 1);
-    QCOMPARE(window.fileList()->item(0)->text(), QString("ASTEL.HOM"));
-    window.fileList()->clearSelection();
-    window.loadButton()->click();
-    QCOMPARE(p.dialogs.messages.back(), std::string("No File Selected!"));
-    QVERIFY(!window.loaded());
-    window.fileList()->setCurrentRow(0);
-    window.loadButton()->click();
-    QVERIFY(window.loaded());
-    QCOMPARE(window.result(), int(QDialog::Accepted));
-  }
-
-  void locationModeChecksAndSetsThePlace() {
-    TestProgram p;
-    ui::DataEntryDialog window(p.context, ui::DataEntryDialog::Mode::kLocation, nullptr);
-    QCOMPARE(window.latitudeDegrees()->text(), QString("51"));
-    window.latitudeDegrees()->setText("95");
-    window.okButton()->click();
-    QCOMPARE(p.dialogs.messages.size(), std::size_t{1});
-    QVERIFY(window.result() != QDialog::Accepted);
-
-    window.latitudeDegrees()->setText("33");
-    window.south()->setChecked(true);
-    window.longitudeDegrees()->setText("151");
-    window.east()->setChecked(true);
-    window.okButton()->click();
-    QCOMPARE(window.result(), int(QDialog::Accepted));
-    QCOMPARE(p.state.place.latitudeDegrees, -33);
-    QCOMPARE(p.state.place.longitudeDegrees, -151);
-  }
-
-  void catalogSelectListsCatalogsAndOpensTheClickedOne() {
-    TestProgram p;
-    WriteFile(p.Folder() + "MINE.OBC", "MINE    2000 my objects\r\n");
-    WriteFile(p.Folder() + "other.obc", "OTHER   2000\r\n");
-    WriteFile(p.Folder() + "notes.txt", "x\n");
-    ui::CatalogSelectDialog window(p.context, nullptr);
-    QStringList names;
-    for (int i = 0; i < window.files()->count(); ++i)
-      names << window.files()->item(i)->text();
-    QCOMPARE(names, (QStringList{"MINE.OBC", "other.obc"}));
-    ClickRow(window.files(), 0);
-    QCOMPARE(window.result(), int(QDialog::Accepted));
-    QCOMPARE(p.state.files.catalogFileName, std::string("MINE.OBC"));
-  }
-
-  void helpFormShowsTopicsAndOpensPages() {
-    TestProgram p;
-    WriteFile(p.Folder() + "ASTEL.HTM", "x");
-    WriteFile(p.Folder() + "GPS.HTML", "x");
-    WriteFile(p.Folder() + "readme.txt", "x");
-    ui::HelpFormDialog window(p.context, nullptr);
+    testing::ScopeSimulator mount(1);
+    if (!mount.Start()) QSKIP("no pseudo-terminal available here");
+    p.devicePath = mount.DevicePath();
+    p.state.telescope.scopeType = 1;
+    p.state.telescope.comPort = 1;
+    ui::MoveScopeDialog window(p.context, nullptr);
     window.show();
-    ClickRow(window.topics(), RowOf(window.topics(), "Transient Catalog"));
-    QVERIFY(window.text()->toPlainText().startsWith("Transient Catalogs contain hourly"));
-    QCOMPARE(window.pages()->count(), 2);
-    ClickRow(window.pages(), 1);
-    QCOMPARE(p.shell.opened.back(), p.Folder() + "GPS.HTML");
-    QTest::mouseClick(window.documentationLink(), Qt::LeftButton);
-    QCOMPARE(p.shell.opened.back(), DocumentationAddress(p.state));
+    QPushButton* up = window.button(MoveButton::kUp);
+
+    // Rate 3, Up held: the altitude axis runs upward, the safety stop is armed and the main
+    // window's telescope buttons rest; the release stops the axis and starts the pause.
+    ClickRow(window.rates(), 2);
+    QTest::mousePress(up, Qt::LeftButton);
+    QVERIFY(window.safetyTimer()->isActive());
+    QTest::mouseRelease(up, Qt::LeftButton);
+    QVERIFY(!window.safetyTimer()->isActive());
+    QVERIFY2(!up->isEnabled(), "the released button rests until the pause is over");
+    std::vector<testing::MotorCommand> motions = mount.Mount().motions;
+    QCOMPARE(motions.size(), std::size_t{2});
+    QCOMPARE(motions[0].rate, 3);
+    QCOMPARE(motions[1].rate, 0);
+    window.pauseTimer()->start(1);
+    QTRY_VERIFY(up->isEnabled());
+
+    // Closing the window while the mount runs stops it first.
+    QTest::mousePress(up, Qt::LeftButton);
+    window.reject();
+    motions = mount.Mount().motions;
+    QCOMPARE(motions.size(), std::size_t{4});
+    QCOMPARE(motions[3].rate, 0);
+  }
+
+  void scopeFormSetsTheCodeAndFlags() {
+    TestProgram p;
+    p.state.telescope.scopeCode = 406;
+    p.state.telescope.comPort = 3;
+    ui::ScopeFormDialog window(p.context, nullptr);
+    QCOMPARE(window.telescopes()->currentItem()->text(),
+             QString("4 - Meade LX-200, LX-90 and compatibles"));
+
+    // A NexStar 5i with a GPS on Com2.
+    QListWidget* scopes = window.telescopes();
+    ClickRow(
+        scopes,
+        scopes->row(scopes->findItems("1 - Celestron NexStar 5i / 8i", Qt::MatchExactly).value(0)));
+    ClickRow(window.ports(), 1);
+    p.dialogs.choices = {true};  // it has a GPS
+    QTest::mouseClick(window.okButton(), Qt::LeftButton);
+    QCOMPARE(window.result(), int(QDialog::Accepted));
+    QCOMPARE(p.state.telescope.comPort, 2);
+    QCOMPARE(p.state.telescope.scopeCode, 107);
+    QVERIFY(p.state.telescope.scopeHasGps);
+  }
+
+  void catalogChooserListsCatalogsAndOpensTheClickedOne() {
+    TestProgram p;
+    testing::WriteFile(p.Folder() + "MINE.OBC", "MINE    2000 my objects\r\n");
+    testing::WriteFile(p.Folder() + "other.obc", "OTHER   2000\r\n");
+    testing::WriteFile(p.Folder() + "notes.txt", "x\n");
+    ui::CatalogSelectDialog catalogs(p.context, nullptr);
+    QCOMPARE(catalogs.files()->count(), 2);
+    QCOMPARE(catalogs.files()->item(1)->text(), QString("other.obc"));
+    ClickRow(catalogs.files(), 0);
+    QCOMPARE(catalogs.result(), int(QDialog::Accepted));
+    QCOMPARE(p.state.files.catalogFileName, std::string("MINE.OBC"));
   }
 };
 

@@ -25,16 +25,14 @@
 
 namespace astel::uitest {
 
-class RecordingClipboard : public Clipboard {
- public:
-  std::vector<std::string> texts;
+struct RecordingClipboard : Clipboard {
   void SetText(const std::string& text) override { texts.push_back(text); }
+  std::vector<std::string> texts;
 };
 
 // Window events run at every pass; a pause really lasts (a simulated telescope answers in real
 // time) while the events keep running.
-class QueueEvents : public Events {
- public:
+struct QueueEvents : Events {
   void DoEvents() override { QCoreApplication::processEvents(); }
   void Sleep(int milliseconds) override {
     QElapsedTimer t;
@@ -45,8 +43,7 @@ class QueueEvents : public Events {
   }
 };
 
-class NoWindows : public Windows {
- public:
+struct NoWindows : Windows {
   void OpenScopeSelection() override {}
 };
 
@@ -59,20 +56,18 @@ struct TestProgram {
     SaveHomeFile(dir.path() + "/ASTEL.HOM", r);
     clock.now = {2026, 11, 22, 21, 30, 5};
     StartupInputs in{dir.path(), "", script, "", ""};
-    started = Startup(state, in, dialogs, clock, windows) == kExitSuccess;
+    EXPECT_EQ(Startup(state, in, dialogs, clock, windows), kExitSuccess);
   }
-
   std::string Folder() const { return dir.path() + "/"; }
 
   testing::TempDir dir;
   testing::FakeClock clock;
-  testing::ScriptedDialogs dialogs;  // an unexpected box is a failure
+  testing::ScriptedDialogs dialogs;  // an unexpected input box is a failure
   QueueEvents events;
   testing::RecordingShell shell;
   RecordingClipboard clipboard;
   NoWindows windows;
   SharedState state;
-  bool started = false;
   std::string devicePath = "/nonexistent/ttyASTEL";
   std::ostringstream diagnostics;
   CommPorts comm{events, diagnostics, [this](int n) {
@@ -82,34 +77,21 @@ struct TestProgram {
                          windows, comm,    "",    "",     {}};
 };
 
-// An input box or question no answer was queued for is a GoogleTest failure (see ScriptedDialogs);
-// each suite's cleanup() checks this.
-inline bool NoUnexpectedBox() {
-  return !::testing::UnitTest::GetInstance()->Failed();
-}
+// Each suite's cleanup() fails on an input box or question no answer was queued for.
+#define ASTEL_NO_UNEXPECTED_BOX() \
+  QVERIFY2(!::testing::UnitTest::GetInstance()->Failed(), "a box no answer was queued for")
 
-// A click on a list's row, and the row that shows a text (-1 when none does).
 inline void ClickRow(QListWidget* list, int row) {
   QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                     list->visualItemRect(list->item(row)).center());
 }
-inline int RowOf(QListWidget* list, const QString& text) {
-  const auto found = list->findItems(text, Qt::MatchExactly);
-  return found.isEmpty() ? -1 : list->row(found.front());
-}
 
-// The main window's controls by name; a missing label reads "<missing>".
+// The main window's controls by name.
 inline QString Text(QWidget& w, const char* name) {
-  QLabel* label = w.findChild<QLabel*>(name);
-  return label ? label->text() : QString("<missing>");
-}
-inline QPushButton* Button(QWidget& w, const char* name) {
-  return w.findChild<QPushButton*>(name);
+  return w.findChild<QLabel*>(name)->text();
 }
 inline void Click(QWidget& w, const char* name) {
-  QPushButton* b = Button(w, name);
-  QVERIFY2(b, name);
-  QTest::mouseClick(b, Qt::LeftButton);
+  QTest::mouseClick(w.findChild<QPushButton*>(name), Qt::LeftButton);
 }
 
 }  // namespace astel::uitest
