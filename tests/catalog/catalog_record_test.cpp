@@ -2,103 +2,72 @@
 
 #include <gtest/gtest.h>
 
+#include "astro/coordinates.h"
+#include "catalog/name_matcher.h"
 #include "catalog_files.h"
 
 namespace astel {
 namespace {
 
-// Columns from..to (counted from 1) of a line.
-std::string Cols(const std::string& line, int from, int to) {
-  return line.substr(static_cast<std::size_t>(from - 1), static_cast<std::size_t>(to - from + 1));
-}
-
 TEST(CatalogRecord, PlacesEveryFieldInItsColumnsAndReadsItBack) {
   struct Row {
     const char* legend;
-    double raHours;
-    int decSign, decDeg;
-    double decMin;
-    const char* mag;
-    const char* raField;   // columns 61-69, the point always in column 63
-    const char* decField;  // columns 70-78
-    const char* magField;  // columns 89-96
+    double ra, dec;
+    const char *mag, *raDecField, *magField;  // columns 61-78 (RA point in 63) and 89-96
   } rows[] = {
-      {"short RA starts in column 62", 9.5, 1, 41, 16, "3.4", " 9.5000  ", "41.2667  ", " 3.40   "},
-      {"long RA starts in column 61", 10.25, -1, -5, 30, "12.25", "10.2500  ", "-05.5000 ",
-       "12.25   "},
-      {"-0 degrees keeps its minus", 0.5, -1, 0, 30, "", " 0.5000  ", "-00.5000 ", "99      "},
-      {"negative magnitude, short form", 6.75, -1, -16, 43, "-1.46", " 6.7500  ", "-16.7167 ",
-       " -1.46  "}};
+      {"short RA starts in column 62", 9.5, 41.2667, "3.4", " 9.5000  41.2667  ", " 3.40   "},
+      {"long RA starts in column 61", 10.25, -5.5, "12.25", "10.2500  -05.5000 ", "12.25   "},
+      {"-0 degrees keeps its minus", 0.5, -0.5, "", " 0.5000  -00.5000 ", "99      "},
+      {"negative magnitude", 6.75, -16.7167, "-1.46", " 6.7500  -16.7167 ", " -1.46  "},
+      {"9.99999 h rounds into the long form; no number is an unknown magnitude", 9.99999, 0, "abc",
+       "10.0000  00.0000  ", "99      "}};
   for (const Row& r : rows) {
-    RecordFields f;
-    f.raHours = static_cast<int>(r.raHours);
-    f.raMinutes = (r.raHours - f.raHours) * 60;
-    f.decSign = r.decSign, f.decDegrees = r.decDeg, f.decMinutes = r.decMin;
-    f.magnitudeText = r.mag;
-    const std::string line = ComposeRecord(f);
+    const std::string line = testing::Rec("", r.ra, r.dec, r.mag);
     ASSERT_EQ(line.size(), 100u) << r.legend;
-    // Columns 79-88 (unused, and the kind) stay blank; the epoch closes the line.
-    EXPECT_EQ(Cols(line, 61, 100),
-              std::string(r.raField) + r.decField + std::string(10, ' ') + r.magField + "2000")
+    // Columns 79-88 (transient time and kind) stay blank; the epoch closes the line.
+    EXPECT_EQ(line.substr(60),
+              std::string(r.raDecField) + std::string(10, ' ') + r.magField + "2000")
         << r.legend;
-
     ObjectState o;
     ShowRecord(ParseRecord(line), o);
-    EXPECT_TRUE(o.objRaHours == f.raHours && o.objDecDegrees == r.decDeg &&
-                o.objDecSign == r.decSign && o.objectKind == -1)
-        << r.legend;
-    EXPECT_NEAR(o.objRaMinutes, f.raMinutes, 0.003) << r.legend;
-    EXPECT_NEAR(o.objDecMinutes, r.decMin, 0.003) << r.legend;
+    EXPECT_EQ(o.objectKind, -1);
+    EXPECT_NEAR(o.objRaHours + o.objRaMinutes / 60, r.ra, 1e-4) << r.legend;  // four decimals
+    EXPECT_NEAR(ObjectDeclinationDegrees(o), r.dec, 1e-4) << r.legend;
   }
-  // 9.99996 hours round into the long form; a magnitude that is no number is unknown.
-  RecordFields f;
-  f.raHours = 9, f.raMinutes = 59.9976, f.magnitudeText = "abc";
-  EXPECT_EQ(Cols(ComposeRecord(f), 61, 96),
-            "10.0000  00.0000  " + std::string(10, ' ') + "99      ");
 }
 
-TEST(CatalogRecord, MarksMagnitudeEpochAndOddNumbers) {
-  std::string line = testing::Rec("M31        &", 0.7, 41.27, "3.4");
-  line[87] = 'T';
-  line.replace(96, 4, "0000");
-  CatalogRecord rec = ParseRecord(line);
-  EXPECT_EQ(rec.names[0], "M31         ") << "the mark shows as a blank";
-  EXPECT_TRUE(rec.transient);
-  EXPECT_EQ(rec.epoch, 2000) << "epoch 0000 reads as 2000";
-  EXPECT_EQ(rec.magnitudeText, " 3.40   ");
-  line.replace(88, 12, std::string(12, ' '));
-  rec = ParseRecord(line);
-  EXPECT_EQ(rec.epoch, 2000) << "a blank epoch reads as 2000";
-  EXPECT_EQ(rec.magnitude, kUnknownMagnitude) << "a blank magnitude is unknown";
-  line.replace(96, 4, "1950");
-  EXPECT_EQ(ParseRecord(line).epoch, 1950);
-
+TEST(CatalogRecord, EpochsAndOddFields) {
+  std::string line = testing::Rec("M31", 0.7, 41.27, "3.4");
+  EXPECT_EQ(ParseRecord(line.replace(96, 4, "0000")).epoch, 2000);
+  EXPECT_EQ(ParseRecord(line.replace(96, 4, "1950")).epoch, 1950);
+  const CatalogRecord blank = ParseRecord(line.replace(88, 12, std::string(12, ' ')));
+  EXPECT_TRUE(blank.epoch == 2000 && blank.magnitude == kUnknownMagnitude);
   // Letters read as 0 (a magnitude too); 25 h of right ascension wraps to 1 h.
-  rec = ParseRecord(std::string(60, ' ') + "25.0000  xyz      " + std::string(10, ' ') + "mag");
-  EXPECT_TRUE(rec.raHours == 1 && rec.decDegrees == 0 && rec.magnitude == 0);
-  EXPECT_EQ(FitRecord("ABC\r\n"), "ABC" + std::string(97, ' '));
-  EXPECT_EQ(FitRecord("ABC\n"), "ABC" + std::string(97, ' '));
-  EXPECT_EQ(FitRecord(std::string(150, 'x')), std::string(100, 'x')) << "long lines are cut";
+  const CatalogRecord odd =
+      ParseRecord(std::string(60, ' ') + "25.0000  xyz      " + std::string(10, ' ') + "mag");
+  EXPECT_TRUE(odd.raHours == 1 && odd.decDegrees == 0 && odd.magnitude == 0);
 }
 
-TEST(CatalogHeader, FlagsYearAndComposition) {
+TEST(NameMatcher, BlanksCaseWildcardAndMark) {
   struct Row {
     const char* legend;
-    char kind;
-    bool longNames, transient;
-  } rows[] = {{"long names", 'L', true, false},
-              {"transient", 'T', false, true},
-              {"any other letter is ordinary", 'X', false, false}};
+    const char* field;
+    const char* text;
+    bool match;
+  } rows[] = {{"blanks ignored on both sides", "Gam Per", "gampe", true},
+              {"Latin-1 letters compare without case", "\xC9toile", "\xE9TO", true},
+              {"star in the middle", "Alp2Lib", "Alp* Lib", true},
+              {"star in the middle, wrong tail", "Alp2Cyg", "Alp*Lib", false},
+              {"leading star, first place that lets the rest match", "ABAC", "*AC", true},
+              {"second star is a plain character", "ABCDEF", "A*C*F", false},
+              {"the Best of the Sky mark is no part of the name", "M31        &", "M31 ", true}};
   for (const Row& r : rows) {
-    const std::string line = ComposeHeader("MYSTARS", 2026, "my own objects", r.kind);
-    EXPECT_EQ(line.substr(8, 4), "2026") << r.legend << ": the year in columns 9-12";
-    const CatalogHeader h = ParseHeader(line + "\r\n");
-    EXPECT_EQ(h.year, 2026) << r.legend;
-    EXPECT_TRUE(h.longNames == r.longNames && h.transient == r.transient) << r.legend;
-    EXPECT_EQ(h.text, line) << r.legend << ": kept without its line end";
+    const std::string text = ToUpperLatin1(RebuildSearchText(r.text));
+    EXPECT_EQ(MatchNameField(FitRecord(r.field), 0, 12, text, false) > 0, r.match) << r.legend;
   }
-  EXPECT_EQ(ParseHeader("").year, 0) << "an empty header is an ordinary catalog";
-  EXPECT_EQ(CatalogPath("/home/a/astel", "FULL.OBC"), "/home/a/astel/FULL.OBC");
+  const std::string m31 = testing::Rec("M31", 0.7, 41, "3.4", "NGC 224", "Andromeda");
+  EXPECT_TRUE(MatchAnyName(m31, "ANDRO", false) && !MatchAnyName(m31, "2000", false))
+      << "the third name is a name, the numbers are not";
 }
 
 }  // namespace
