@@ -3,7 +3,7 @@
 
 #include <cmath>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -27,9 +27,7 @@ inline void WriteFile(const std::string& path, const std::string& text) {
 
 inline std::string ReadFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 inline std::vector<std::string> Lines(const std::string& text) {
@@ -56,14 +54,10 @@ inline std::string Rec(const std::string& name1, double raHours, double decDegre
   return ComposeRecord(f);
 }
 
-inline std::string Header(char kind = ' ') {
-  return ComposeHeader("TEST", 2000, "test catalog", kind);
-}
-
-// A catalog file: the header, then the records, each line ended by `end`.
-inline void WriteCatalog(const std::string& path, const std::vector<std::string>& records,
-                         char kind = ' ', const std::string& end = "\r\n") {
-  std::string text = Header(kind) + end;
+// A catalog file: the header line, then the records, each line ended by `end`.
+inline void WriteCatalog(const std::string& path, const std::string& header,
+                         const std::vector<std::string>& records, const std::string& end = "\r\n") {
+  std::string text = header + end;
   for (const std::string& r : records)
     text += r + end;
   WriteFile(path, text);

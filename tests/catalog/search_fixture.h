@@ -16,22 +16,18 @@
 
 namespace astel::testing {
 
-class FakeSearchWindow : public SearchWindow {
- public:
-  std::vector<std::string> captions, progress;
-  bool visible = false;
+using Names = std::vector<std::string>;
+
+// The fixture is also the Searching window, recording what it shows.
+class SearchTest : public ::testing::Test, public SearchWindow {
+ protected:
   void Show(const std::string& caption) override {
     captions.push_back(caption);
     visible = true;
   }
   void SetProgress(const std::string& text) override { progress.push_back(text); }
   void Hide() override { visible = false; }
-};
 
-using Names = std::vector<std::string>;
-
-class SearchTest : public ::testing::Test {
- protected:
   void SetUp() override {
     state.files.installDir = state.files.catalogDirectory = Dir(dir);
     state.files.catalogFileName = "TEST.OBC";
@@ -49,7 +45,7 @@ class SearchTest : public ::testing::Test {
   void UseCatalog(const std::vector<std::string>& records, char kind = ' ',
                   const std::string& end = "\r\n") {
     const std::string name = state.files.catalogFileName;
-    WriteCatalog(File(dir, name), records, kind, end);
+    WriteCatalog(File(dir, name), ComposeHeader("TEST", 2000, "test catalog", kind), records, end);
     ASSERT_TRUE(OpenCatalog(state, Dir(dir), name));
   }
 
@@ -89,9 +85,10 @@ class SearchTest : public ::testing::Test {
   SharedState state;
   ScriptedDialogs dialogs;
   FakeEvents events;
-  FakeSearchWindow window;
   RecordingShell shell;
-  CatalogPorts ports{dialogs, events, window, shell};
+  CatalogPorts ports{dialogs, events, *this, shell};
+  std::vector<std::string> captions, progress;
+  bool visible = false;
 };
 
 }  // namespace astel::testing

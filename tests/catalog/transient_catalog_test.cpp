@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "search_fixture.h"
 
 namespace astel::testing {
@@ -26,10 +24,7 @@ class TransientTest : public SearchTest {
     return ReloadTransientPosition(state, dialogs);
   }
   void UseTransient(const std::vector<std::string>& records) {
-    std::string text = ComposeHeader("CERES", 2026, "test", 'T') + "\r\n";
-    for (const std::string& r : records)
-      text += r + "\r\n";
-    WriteFile(File(dir, "CERES.OBC"), text);
+    WriteCatalog(File(dir, "CERES.OBC"), ComposeHeader("CERES", 2026, "test", 'T'), records);
     ASSERT_TRUE(OpenCatalog(state, Dir(dir), "CERES.OBC"));
   }
   double ShownRa() const { return state.object.objRaHours + state.object.objRaMinutes / 60; }
@@ -86,14 +81,8 @@ TEST_F(TransientTest, NoPositionMessageOnceAndTheObsoleteLine) {
 // The shipped sample: hourly positions of (1) Ceres around its opposition of January 2027.
 TEST_F(TransientTest, ShippedCeresSampleServesTheComingMonths) {
   ASSERT_TRUE(OpenCatalog(state, ASTEL_SOURCE_DATA_DIR, "CERES.OBC"));
-  double lastRa = 0, lastDec = 0;
-  for (int day = 0; day < 90; day += 3) {
-    ASSERT_EQ(ReloadAt(2026, 11, 25 + day, 8.88), TransientResult::kLoaded) << "day " << day;
-    // Three days move Ceres by well under two degrees.
-    const double movedDeg = std::hypot((ShownRa() - lastRa) * 15, ShownDec() - lastDec);
-    EXPECT_TRUE(day == 0 || movedDeg < 2) << "day " << day << ": moved " << movedDeg;
-    lastRa = ShownRa(), lastDec = ShownDec();
-  }
+  for (int day = 0; day < 90; day += 3)
+    EXPECT_EQ(ReloadAt(2026, 11, 25 + day, 8.88), TransientResult::kLoaded) << "day " << day;
 }
 
 }  // namespace
