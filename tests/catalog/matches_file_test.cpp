@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "astro/solar_system.h"
 #include "catalog/best_of_sky.h"
 #include "catalog/planet_record.h"
@@ -61,13 +59,10 @@ TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
 }
 
 TEST_F(MatchesFileTest, FirstPassThenSecondPassEachInFileOrder) {
-  std::vector<std::string> records = {
-      AtAltitude("Beta1      ^", 45),     AtAltitude("Alpha1     &", 45),
-      AtAltitude("Alpha2     &", 19.9),   AtAltitude("Beta2      ^", 60),
-      AtAltitude("Alpha3     &", 20.001), AtAltitude("Plain", 80)};
-  records.insert(records.end(), 120, AtAltitude("filler", 70));
   state.files.catalogFileName = "FULL.OBC";
-  UseCatalog(records);
+  UseCatalog({AtAltitude("Beta1      ^", 45), AtAltitude("Alpha1     &", 45),
+              AtAltitude("Alpha2     &", 19.9), AtAltitude("Beta2      ^", 60),
+              AtAltitude("Alpha3     &", 20.001), AtAltitude("Plain", 80)});
   ASSERT_TRUE(BestOfTheSky(state, ports));
   EXPECT_EQ(ShownAndNextMatches(), (Names{"Alpha1", "Alpha3", "Beta1", "Beta2"}))
       << "19.9 degrees is skipped, 20.0 offered";
@@ -85,13 +80,12 @@ TEST_F(MatchesFileTest, PlanetLinesUseTheirOwnLimits) {
   // Mars on the meridian, 15 degrees high: below the general 20 degrees.
   state.time.localSiderealTime = mars.raHours;
   state.place.homeLatitude = (mars.decDegrees - 75) / kDegreesPerRadian;
-  const int under = static_cast<int>(std::floor(mars.distanceAu / ReferenceDistanceAu(kMars)));
+  const int under = static_cast<int>(mars.distanceAu / ReferenceDistanceAu(kMars));
   state.files.catalogFileName = "FULL.OBC";
-  // A planet line with its mark in column 12, its own minimum altitude and distance ratio.
+  // A planet line: its mark in column 12, its own minimum altitude and its distance ratio.
   const auto planet = [](int body, int minAltitude, int ratio) {
-    std::string line = FitRecord("!Planet=" + FormatFixed(body, "00") + " &");
-    line.replace(12, 2, FormatFixed(minAltitude, "00"));
-    return line.replace(24, 2, FormatFixed(ratio, "00"));
+    return FitRecord("!Planet=" + FormatFixed(body, "00") + " &" + FormatFixed(minAltitude, "00") +
+                     std::string(10, ' ') + FormatFixed(ratio, "00"));
   };
   UseCatalog({planet(kMars, 16, under + 1), planet(12, 0, 0)});
   EXPECT_FALSE(BestOfTheSky(state, ports)) << "own minimum above the planet's altitude";

@@ -32,13 +32,11 @@ class SearchTest : public ::testing::Test, public SearchWindow {
     state.files.installDir = state.files.catalogDirectory = Dir(dir);
     state.files.catalogFileName = "TEST.OBC";
     TimeState& t = state.time;
-    t.roundedYear = 2000, t.day = 22, t.month = 11, t.year = 2026;
+    t.roundedYear = 2000, t.day = 22, t.month = 11, t.year = 2026, t.gmtNextDay = true;
     t.hourText = "21", t.minuteText = "05", t.secondText = "09", t.gmtTimeText = "02:05";
-    t.gmtNextDay = true;
     PlaceState& p = state.place;
-    p.latitudeDegrees = 40, p.latitudeMinutes = 44.52;
-    p.longitudeDegrees = 73, p.longitudeMinutes = 59.43;
-    p.homeLongitude = 1.29;  // west
+    p.latitudeDegrees = 40, p.latitudeMinutes = 44.52, p.longitudeDegrees = 73;
+    p.longitudeMinutes = 59.43, p.homeLongitude = 1.29;  // west
   }
 
   // Writes the current catalog file and opens it.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "astro/coordinates.h"
+#include "catalog/help_topics.h"
 #include "catalog/name_matcher.h"
 #include "catalog_files.h"
 
@@ -65,6 +66,16 @@ TEST(NameMatcher, BlanksCaseWildcardAndMark) {
   const std::string m31 = testing::Rec("M31", 0.7, 41, "3.4", "NGC 224", "Andromeda");
   EXPECT_TRUE(MatchAnyName(m31, "ANDRO", false) && !MatchAnyName(m31, "2000", false))
       << "the third name is a name, the numbers are not";
+}
+
+TEST(HelpTopics, FiftyThreeTopicsInListOrderEachFoundByItsTitle) {
+  const auto topics = HelpTopics();
+  ASSERT_EQ(topics.size(), 53u);
+  EXPECT_EQ(std::string(topics.front().title) + "|" + topics.back().title,
+            "Add (button)|Wild Card Character");
+  // A repeated title would find the first topic's text.
+  for (const HelpTopic& t : topics)
+    EXPECT_EQ(HelpText(t.title), t.text) << t.title;
 }
 
 }  // namespace
