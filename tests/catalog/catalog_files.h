@@ -54,10 +54,10 @@ inline std::string Rec(const std::string& name1, double raHours, double decDegre
   return ComposeRecord(f);
 }
 
-// A catalog file: the header line, then the records, each line ended by `end`.
-inline void WriteCatalog(const std::string& path, const std::string& header,
-                         const std::vector<std::string>& records, const std::string& end = "\r\n") {
-  std::string text = header + end;
+// A catalog file: a header of the given kind, then the records, each line ended by `end`.
+inline void WriteCatalog(const std::string& path, const std::vector<std::string>& records,
+                         char kind = ' ', const std::string& end = "\r\n") {
+  std::string text = ComposeHeader("TEST", 2000, "test catalog", kind) + end;
   for (const std::string& r : records)
     text += r + end;
   WriteFile(path, text);

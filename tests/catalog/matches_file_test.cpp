@@ -12,9 +12,7 @@ namespace {
 
 const std::string kDeg(1, kDegreeSign);
 
-using MatchesFileTest = SearchTest;
-
-TEST_F(MatchesFileTest, HeaderAndTwoLinesPerMatch) {
+TEST_F(SearchTest, HeaderAndTwoLinesPerMatch) {
   UseCatalog({Rec("M31", 0, -10, "3.4", "NGC 224", "Andromeda"), Rec("M3", 0, -0.5),
               Rec("M33", 12, 30, "5.7")});
   ASSERT_TRUE(Simple({"M3"}));
@@ -43,7 +41,7 @@ TEST_F(MatchesFileTest, HeaderAndTwoLinesPerMatch) {
   EXPECT_EQ(lines[1], "Data is for 03-01-2028 at 21:05:09 Local Time, GMT= 02:05:09 02-29-2028");
 }
 
-TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
+TEST_F(SearchTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
   std::vector<std::string> records;
   for (int i = 1; i <= 150; ++i)
     records.push_back(Rec("HD " + std::to_string(i), 0, 10));
@@ -58,7 +56,7 @@ TEST_F(MatchesFileTest, SaveMatchesRunsToTheEndThenViewsTheFile) {
       << "the numbers of two and three digits";
 }
 
-TEST_F(MatchesFileTest, FirstPassThenSecondPassEachInFileOrder) {
+TEST_F(SearchTest, FirstPassThenSecondPassEachInFileOrder) {
   state.files.catalogFileName = "FULL.OBC";
   UseCatalog({AtAltitude("Beta1      ^", 45), AtAltitude("Alpha1     &", 45),
               AtAltitude("Alpha2     &", 19.9), AtAltitude("Beta2      ^", 60),
@@ -74,7 +72,7 @@ TEST_F(MatchesFileTest, FirstPassThenSecondPassEachInFileOrder) {
   EXPECT_EQ(dialogs.messages.back(), "Object not found in FULL.OBC");
 }
 
-TEST_F(MatchesFileTest, PlanetLinesUseTheirOwnLimits) {
+TEST_F(SearchTest, PlanetLinesUseTheirOwnLimits) {
   state.time.julianDate = 2461367.5;  // 2026-11-22 0h GMT
   const BodyPosition mars = ComputeBody(kMars, state.time.julianDate);
   // Mars on the meridian, 15 degrees high: below the general 20 degrees.

@@ -21,16 +21,14 @@ class ObjectEntryTest : public SearchTest, public ScopeReadBack {
   bool scopeWorks = true;
 };
 
-TEST_F(ObjectEntryTest, FormChecksComeFirst) {
+TEST_F(ObjectEntryTest, FormChecksThenTheCoordinatesChainThenAddWritesTheRecord) {
   state.time.realTimeMode = false;
   EXPECT_FALSE(Ok(EntryOption::kNone) || Ok(EntryOption::kCoordinates, "  ") ||
                Ok(EntryOption::kTelescope));
   EXPECT_EQ(dialogs.messages, (Names{"Choose one of the Options for getting Object Data",
                                      "The Object must have at least one name!",
                                      "Must be in Real-Time Mode for Scope Load"}));
-}
 
-TEST_F(ObjectEntryTest, CoordinatesChainRepeatsBadAnswersThenAddWritesTheRecord) {
   state.object.Name1 = "OLD";
   dialogs.answers = {"5", "30", "-0", "30", ""};
   EXPECT_FALSE(Ok(EntryOption::kCoordinates));

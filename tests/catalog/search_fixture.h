@@ -43,7 +43,7 @@ class SearchTest : public ::testing::Test, public SearchWindow {
   void UseCatalog(const std::vector<std::string>& records, char kind = ' ',
                   const std::string& end = "\r\n") {
     const std::string name = state.files.catalogFileName;
-    WriteCatalog(File(dir, name), ComposeHeader("TEST", 2000, "test catalog", kind), records, end);
+    WriteCatalog(File(dir, name), records, kind, end);
     ASSERT_TRUE(OpenCatalog(state, Dir(dir), name));
   }
 

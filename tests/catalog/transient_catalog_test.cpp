@@ -22,7 +22,10 @@ class TransientTest : public SearchTest {
     return ReloadTransientPosition(state, dialogs);
   }
   void UseTransient(const std::vector<std::string>& records) {
-    WriteCatalog(File(dir, "CERES.OBC"), ComposeHeader("CERES", 2026, "test", 'T'), records);
+    std::string text = ComposeHeader("CERES", 2026, "test", 'T') + "\r\n";
+    for (const std::string& r : records)
+      text += r + "\r\n";
+    WriteFile(File(dir, "CERES.OBC"), text);
     ASSERT_TRUE(OpenCatalog(state, Dir(dir), "CERES.OBC"));
   }
 };
