@@ -1,12 +1,9 @@
 // Temporary folders and hand-made catalog lines for the catalog tests.
 #pragma once
 
-#include <unistd.h>
-
-#include <cstdlib>
-#include <filesystem>
+#include <cmath>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -21,7 +18,7 @@ inline std::string Dir(const TempDir& dir) {
   return dir.path() + "/";
 }
 inline std::string File(const TempDir& dir, const std::string& name) {
-  return dir.path() + "/" + name;
+  return Dir(dir) + name;
 }
 
 inline void WriteFile(const std::string& path, const std::string& text) {
@@ -30,9 +27,7 @@ inline void WriteFile(const std::string& path, const std::string& text) {
 
 inline std::string ReadFile(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
-  std::ostringstream s;
-  s << in.rdbuf();
-  return s.str();
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 inline std::vector<std::string> Lines(const std::string& text) {
@@ -53,21 +48,16 @@ inline std::string Rec(const std::string& name1, double raHours, double decDegre
   f.raHours = static_cast<int>(raHours);
   f.raMinutes = (raHours - f.raHours) * 60;
   f.decSign = decDegrees < 0 ? -1 : 1;
-  const double size = decDegrees < 0 ? -decDegrees : decDegrees;
-  f.decDegrees = static_cast<int>(size) * f.decSign;
-  f.decMinutes = (size - static_cast<int>(size)) * 60;
+  f.decDegrees = static_cast<int>(decDegrees);
+  f.decMinutes = std::abs(decDegrees - f.decDegrees) * 60;
   f.magnitudeText = magnitude;
   return ComposeRecord(f);
 }
 
-inline std::string Header(char kind = ' ', int year = 2000) {
-  return ComposeHeader("TEST", year, "test catalog", kind);
-}
-
-// A catalog file: the header, then the records, each line ended by `end`.
+// A catalog file: a header of the given kind, then the records, each line ended by `end`.
 inline void WriteCatalog(const std::string& path, const std::vector<std::string>& records,
                          char kind = ' ', const std::string& end = "\r\n") {
-  std::string text = Header(kind) + end;
+  std::string text = ComposeHeader("TEST", 2000, "test catalog", kind) + end;
   for (const std::string& r : records)
     text += r + end;
   WriteFile(path, text);
