@@ -49,6 +49,10 @@ TEST_F(TransientTest, TheHourThatContainsTheTimeServesItInterpolated) {
   ASSERT_EQ(ReloadTransientPosition(state, dialogs), TransientResult::kLoaded);
   EXPECT_EQ(state.object.Name1 + state.object.Name2, "26-11-22 10hCeres       ");
   EXPECT_TRUE(dialogs.messages.empty());
+
+  UseTransient({Position(22, 10, 6.0, 20.0)});  // the file is replaced while the program runs
+  ASSERT_EQ(ReloadAt(2026, 11, 22, 10.5), TransientResult::kLoaded);
+  EXPECT_NEAR(ObjectDeclinationDegrees(state.object), 20.0, 1e-6) << "the new file is read";
 }
 
 TEST_F(TransientTest, NoPositionMessageOnceAndTheObsoleteLine) {
