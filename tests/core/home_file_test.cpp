@@ -31,43 +31,41 @@ T At(const std::string& bytes, std::size_t offset) {
   return v;
 }
 
-TEST(HomeFile, ByteLayoutOfTheWriter) {
+TEST(HomeFile, ByteLayoutAndAByteExactRoundTrip) {
   std::string bytes = SerializeHomeFile(SampleRecord());
   ASSERT_EQ(bytes.size(), kFirstStartEnd + 9 * 4 + 512);
-  EXPECT_DOUBLE_EQ(At<double>(bytes, 0), 0.7114);
-  EXPECT_DOUBLE_EQ(At<double>(bytes, 8), -0.1);
-  EXPECT_EQ(At<std::int16_t>(bytes, 16), 2);  // gmtOffset 5 as a 16-bit integer
-  EXPECT_EQ(At<std::int16_t>(bytes, 18), 5);
-  EXPECT_EQ(At<std::int16_t>(bytes, 24), 3);  // foreColor 65535 as a 32-bit integer
-  EXPECT_EQ(At<std::int32_t>(bytes, 26), 65535);
-  EXPECT_EQ(At<std::int16_t>(bytes, 38), -1);  // useStoredGmtOffset, raw
-  EXPECT_EQ(At<std::int16_t>(bytes, 40), 11);  // locationOption, boolean tag
-  EXPECT_EQ(At<std::int16_t>(bytes, 42), -1);
-  EXPECT_EQ(At<std::int16_t>(bytes, 48), 5);  // the version as a double
-  EXPECT_DOUBLE_EQ(At<double>(bytes, 50), 6.11);
+  EXPECT_TRUE(At<double>(bytes, 0) == 0.7114 && At<double>(bytes, 8) == -0.1);
+  // gmtOffset 5 as a 16-bit integer (tag 2), foreColor 65535 as a 32-bit one (tag 3), the raw
+  // flag, locationOption as a boolean (tag 11), the version as a double (tag 5).
+  for (auto [offset, value] : {std::pair<std::size_t, std::int16_t>{16, 2},
+                               {18, 5},
+                               {24, 3},
+                               {38, -1},
+                               {40, 11},
+                               {42, -1},
+                               {48, 5}})
+    EXPECT_EQ(At<std::int16_t>(bytes, offset), value) << "16-bit value at " << offset;
+  EXPECT_TRUE(At<std::int32_t>(bytes, 26) == 65535 && At<double>(bytes, 50) == 6.11);
   for (int i = 0; i < 9; ++i)
     EXPECT_EQ(At<std::int32_t>(bytes, kFirstStartEnd + 4 * i), 2) << "reserved value " << i;
   EXPECT_EQ(bytes.substr(bytes.size() - 512), std::string(512, '\0'));
 
-  // A half-hour zone needs a single.
-  HomeFileRecord r = SampleRecord();
-  r.gmtOffset = -5.5;
-  bytes = SerializeHomeFile(r);
-  EXPECT_EQ(At<std::int16_t>(bytes, 16), 4);
-  EXPECT_FLOAT_EQ(At<float>(bytes, 18), -5.5f);
+  auto parsed = ParseHomeFile(bytes);
+  ASSERT_TRUE(parsed);
+  EXPECT_EQ(SerializeHomeFile(*parsed), bytes) << "every value survives the round trip";
+
+  HomeFileRecord halfHour = SampleRecord();  // a half-hour zone needs a single
+  halfHour.gmtOffset = -5.5;
+  bytes = SerializeHomeFile(halfHour);
+  EXPECT_TRUE(At<std::int16_t>(bytes, 16) == 4 && At<float>(bytes, 18) == -5.5f);
+  EXPECT_EQ(ParseHomeFile(bytes)->gmtOffset, -5.5);
 }
 
 TEST(HomeFile, ReadsEveryTagAndTheOlderLayout) {
-  auto parsed = ParseHomeFile(SerializeHomeFile(SampleRecord()));
-  ASSERT_TRUE(parsed);
-  EXPECT_TRUE(parsed->scopeCode == 401 && parsed->useStoredGmtOffset && parsed->scopeHasGps);
-  EXPECT_DOUBLE_EQ(parsed->firstStartDate, 2461366.5);
-
   // A hand-built file whose fields use every tag: int32, single, date, text, boolean, double.
   std::string b;
   auto raw = [&](auto v) { b.append(reinterpret_cast<const char*>(&v), sizeof v); };
-  raw(0.5);                                                 // latitude
-  raw(1.0);                                                 // longitude
+  raw(0.5), raw(1.0);                                       // latitude, longitude
   raw(std::int16_t{4}), raw(-3.5f);                         // gmtOffset as single
   raw(std::int16_t{3}), raw(std::int32_t{16777215});        // white background
   raw(std::int16_t{8}), raw(std::uint16_t{3}), b += "255";  // foreColor as text
@@ -81,20 +79,16 @@ TEST(HomeFile, ReadsEveryTagAndTheOlderLayout) {
   raw(std::int16_t{2}), raw(std::int16_t{0});  // first start never set, no reserved tail
   auto mixed = ParseHomeFile(b);
   ASSERT_TRUE(mixed);
-  EXPECT_FLOAT_EQ(static_cast<float>(mixed->gmtOffset), -3.5f);
-  EXPECT_TRUE(mixed->backColor == 16777215 && mixed->foreColor == 255);
-  EXPECT_TRUE(mixed->scopeCode == 402 && mixed->comPort == -1);
-  EXPECT_TRUE(mixed->gpsLocationOnly);
-  EXPECT_LT(mixed->version, kHomeFileVersion);
-  EXPECT_EQ(mixed->firstStartDate, 0);
+  EXPECT_TRUE(mixed->gmtOffset == -3.5 && mixed->backColor == 16777215 && mixed->foreColor == 255);
+  EXPECT_TRUE(mixed->scopeCode == 402 && mixed->comPort == -1 && mixed->gpsLocationOnly);
+  EXPECT_TRUE(mixed->version < kHomeFileVersion && mixed->firstStartDate == 0);
 
   // A bare family number is the older layout: its GPS flag's value is read as the date.
   HomeFileRecord old = SampleRecord();
   old.scopeCode = 3;
-  parsed = ParseHomeFile(SerializeHomeFile(old));
+  auto parsed = ParseHomeFile(SerializeHomeFile(old));
   ASSERT_TRUE(parsed);
-  EXPECT_TRUE(parsed->IsOldLayout() && !parsed->scopeHasGps);
-  EXPECT_EQ(parsed->firstStartDate, -1);
+  EXPECT_TRUE(parsed->IsOldLayout() && !parsed->scopeHasGps && parsed->firstStartDate == -1);
 }
 
 TEST(HomeFile, DamagedFilesAreRefusedWholeAndSavingIsAtomic) {
@@ -114,11 +108,11 @@ TEST(HomeFile, DamagedFilesAreRefusedWholeAndSavingIsAtomic) {
   EXPECT_EQ(SaveHomeFile(path, changed), "") << "replaces the file";
   auto loaded = LoadHomeFile(path);
   ASSERT_TRUE(loaded);
-  EXPECT_EQ(loaded->comPort, 3);
+  EXPECT_EQ(SerializeHomeFile(*loaded), SerializeHomeFile(changed));
   EXPECT_FALSE(std::filesystem::exists(path + ".tmp"));
   EXPECT_NE(SaveHomeFile(dir.path() + "/missing/SITE.HOM", changed), "");
-  EXPECT_EQ(HomeFileNameWithExtension("site.hom"), "site.hom");
-  EXPECT_EQ(HomeFileNameWithExtension("my.site"), "my.site.HOM");
+  EXPECT_EQ(HomeFileNameWithExtension("site.hom") + HomeFileNameWithExtension("my.site"),
+            "site.hommy.site.HOM");
 }
 
 }  // namespace
