@@ -71,7 +71,6 @@ TEST(ComputeBody, MatchesTheSwissEphemerisReference) {
 // Puts a GMT moment into the state the way the main window does, through the time scales.
 void SetMoment(SharedState& state, int year, int month, int day, int hour, int minute) {
   FillDateTables(state.time);
-  state.place.gmtOffset = 0;
   TimeState& t = state.time;
   t.year = year, t.month = month, t.day = day, t.hour = hour, t.minute = minute, t.second = 0;
   t.minuteText = FormatFixed(minute, "00");

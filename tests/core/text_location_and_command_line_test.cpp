@@ -1,10 +1,12 @@
-#include "core/text_format.h"
-
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <string>
 #include <tuple>
+
+#include "core/command_line.h"
+#include "core/location.h"
+#include "core/text_format.h"
 
 namespace astel {
 namespace {
@@ -35,6 +37,32 @@ TEST(TextFormat, NumbersReadAndWrittenAsTheProgramShowsThem) {
   EXPECT_TRUE(RoundToInt(2.5) == 2 && RoundToInt(3.5) == 4 && RoundToInt(-2.5) == -2);
 }
 
+TEST(Location, DerivedDegreesMinutesAndSigns) {
+  PlaceState p;
+  SetHomeLatitude(p, -0.5);
+  EXPECT_TRUE(p.latitudeDegrees == 0 && p.latitudeSign == -1 && p.latitudeSignText == "-");
+  EXPECT_NEAR(p.latitudeMinutes, 30, 1e-9);
+  SetHomeLatitude(p, 40.9995);  // 59.97 minutes rounds up into the next degree
+  EXPECT_TRUE(p.latitudeDegrees == 41 && p.latitudeMinutes == 0 && p.latitudeSignText.empty());
+  SetHomeLongitude(p, -33.9995);  // east, and away from zero
+  EXPECT_TRUE(p.longitudeDegrees == -34 && p.longitudeMinutes == 0 && p.longitudeSignText == "-");
+}
+
+TEST(CommandLine, SplitsAtSemicolonsUpToTwentyFive) {
+  ScriptState s;
+  // An empty piece between two ";" is a command; a final ";" adds none.
+  EXPECT_TRUE(ParseCommandLineScript("FIND=M31;;MATCH=1;", s) == ScriptParse::kReady &&
+              s.scriptMode && s.scriptLineIndex == 1 && s.scriptLineCount == 3);
+  EXPECT_EQ(s.scriptLines[1] + "|" + s.scriptLines[2] + "|" + s.scriptLines[3],
+            "FIND=M31||MATCH=1");
+  std::string line = "SLEEP=1";
+  for (int i = 2; i <= 25; ++i)
+    line += ";SLEEP=1";
+  EXPECT_EQ(ParseCommandLineScript(line, s), ScriptParse::kReady);
+  EXPECT_EQ(ParseCommandLineScript(line + ";SLEEP=1", s), ScriptParse::kTooManyCommands);
+  EXPECT_TRUE(!s.scriptMode && s.scriptLineCount == 0);
+}
+
 // Qt sets the C locale from the desktop; a German desktop must not turn 34.5 into 34 or "34,5".
 TEST(TextFormat, NumbersIgnoreADecimalCommaLocale) {
   const std::string saved = std::setlocale(LC_ALL, nullptr);
@@ -42,11 +70,10 @@ TEST(TextFormat, NumbersIgnoreADecimalCommaLocale) {
     GTEST_SKIP() << "no German locale installed here";
   }
   const double read = LeadingNumber("34.5");
-  const std::string fixed = FormatFixed(34.5, "00.0");
-  const std::string text = NumberText(44.5);
+  const std::string shown = FormatFixed(34.5, "00.0") + "|" + NumberText(44.5);
   std::setlocale(LC_ALL, saved.c_str());
   EXPECT_DOUBLE_EQ(read, 34.5);
-  EXPECT_EQ(fixed + "|" + text, "34.5| 44.5");
+  EXPECT_EQ(shown, "34.5| 44.5");
 }
 
 }  // namespace
