@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -16,23 +15,17 @@ namespace {
 class ObservingLogTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    s.files.installDir = dir.path() + "/";
-    s.files.homeFileName = "ASTEL.HOM";
+    s.files.installDir = dir.path() + "/";  // the home file is ASTEL.HOM
     TimeState& t = s.time;
-    t.dayText = "22", t.monthText = "11", t.yearText = "2026";
-    t.hourText = "21", t.minuteText = "15", t.secondText = "42";
-    t.gmtTimeText = "03:15", t.gmtDaySign = "+";
+    t.dayText = "22", t.monthText = "11", t.yearText = "2026", t.hourText = "21";
+    t.minuteText = "15", t.secondText = "42", t.gmtTimeText = "03:15", t.gmtDaySign = "+";
     SetHomeLatitude(s.place, 40 + 44.52 / 60);
     SetHomeLongitude(s.place, 73 + 59.4 / 60);
-    s.telescope.scopeType = 4;
-    // M31 shown from the catalog.
-    s.search.foundState = 1;
-    s.object.objectKind = -1;
-    s.object.Name1 = "M31         ", s.object.Name2 = "NGC 224     ";
-    s.object.Name3 = "Andromeda Gx", s.object.Name4 = "galaxy      ";
-    s.object.Name5 = "Andromeda   ";
-    s.object.altitude = 63.449;
-    s.object.magnitudeText = "    3.44";
+    s.telescope.scopeType = 4, s.search.foundState = 1;  // M31 shown from the catalog
+    ObjectState& o = s.object;
+    o.Name1 = "M31         ", o.Name2 = "NGC 224     ", o.Name3 = "Andromeda Gx";
+    o.Name4 = "galaxy      ", o.Name5 = "Andromeda   ";
+    o.altitude = 63.449, o.magnitudeText = "    3.44";
   }
   std::string Log() {
     std::ifstream in(dir.path() + "/ASTELLOG.TXT", std::ios::binary);
@@ -45,7 +38,9 @@ class ObservingLogTest : public ::testing::Test {
 };
 
 TEST_F(ObservingLogTest, FirstNoteWritesTheHeaderOncePerRun) {
-  ASSERT_TRUE(WriteLogEntry(s, dialogs, "Dust lane visible"));
+  dialogs.answers = {"Dust lane visible", ""};
+  TakeObservingNotes(s, dialogs);
+  EXPECT_EQ(dialogs.prompts[0], "Enter Observing Notes for M31          - a blank line exits");
   ASSERT_TRUE(WriteLogEntry(s, dialogs, "M32 too"));
   const std::string object =
       "M31          NGC 224      Andromeda Gx galaxy       Andromeda    Alt= 63.4 \xB0 MAG=3.44 "
@@ -56,59 +51,6 @@ TEST_F(ObservingLogTest, FirstNoteWritesTheHeaderOncePerRun) {
             "LOCATION FILE: ASTEL.HOM LAT= 40 \xB0 44.5 ' LONG= 73 \xB0 59.4 ' GOTO SCOPE= 4 \r\n"
             "  \r\n" +
                 object + "Dust lane visible\r\n" + object + "M32 too\r\n");
-}
-
-TEST_F(ObservingLogTest, ScriptRepeatsNoObjectLineAndUsesItsOwnHeader) {
-  s.script.scriptMode = true;
-  s.place.usDateOrder = true;
-  ASSERT_TRUE(WriteLogEntry(s, dialogs, "Command1: FIND=M31 Successful"));
-  ASSERT_TRUE(WriteLogEntry(s, dialogs, "Command2: GOTO=1 Successful"));
-  const std::string log = Log();
-  EXPECT_NE(log.find("COMMAND LOG WRITTEN 11-22-2026 STARTING"), std::string::npos);
-  EXPECT_NE(log.find("11-22-2026 21:15:42\r\nCommand1: FIND=M31 Successful\r\nCommand2"),
-            std::string::npos)
-      << log;
-}
-
-TEST_F(ObservingLogTest, ObjectLinesForEveryKind) {
-  s.program.lastLoggedName = "  ";  // header already written
-  ObjectState& o = s.object;
-  o.altitude = -3.04, o.Name1 = "Sun", o.Name2 = "0.987 AU", o.Name5 = "JD 2461367.13";
-  o.objectKind = 0;
-  EXPECT_EQ(ComposeLogEntry(s, "x"),
-            "Sun Dist=0.987 AU. Alt=-3 \xB0 JD 2461367.13 22-11-2026 21:15:42\r\nx\r\n");
-  o.objectKind = 3;
-  o.Name1 = "Moon", o.Name2 = "Wax Gibb", o.Name3 = "128\xB0 Evening", o.Name4 = "0.00251 AU";
-  EXPECT_EQ(ComposeLogEntry(s, "x"),
-            "Moon Wax Gibb 128\xB0 Evening 0.00251 AU JD 2461367.13 . Alt=-3 \xB0 22-11-2026 "
-            "21:15:42\r\nx\r\n");
-  o.objectKind = 5;
-  o.Name1 = "Jupiter", o.Name2 = "4.210 AU", o.Name3 = "Diam 46.8\"", o.altitude = 25.06;
-  EXPECT_EQ(ComposeLogEntry(s, "x"),
-            "Jupiter Dist=4.210 AU Diam 46.8\". Alt= 25.1 \xB0 JD 2461367.13 22-11-2026 "
-            "21:15:42\r\nx\r\n");
-}
-
-TEST_F(ObservingLogTest, NotesChainAndAnUnwritableLog) {
-  dialogs.answers = {""};
-  TakeObservingNotes(s, dialogs);
-  EXPECT_FALSE(std::filesystem::exists(dir.path() + "/ASTELLOG.TXT"));
-  EXPECT_EQ(dialogs.prompts[0], "Enter Observing Notes for M31          - a blank line exits");
-
-  dialogs.answers = {"first", "second", ""};
-  TakeObservingNotes(s, dialogs);
-  EXPECT_EQ(dialogs.titles,
-            (std::vector<std::string>{"Write to Observing Log  ASTELLOG.TXT",
-                                      "Write to Observing Log  ASTELLOG.TXT",
-                                      "Write to Observing Log", "Write to Observing Log"}));
-  EXPECT_NE(Log().find("first\r\n"), std::string::npos);
-
-  // A transient catalog names its object by the second name.
-  s.search.transientCatalog = true;
-  s.object.Name2 = "Vesta";
-  dialogs.answers = {""};
-  TakeObservingNotes(s, dialogs);
-  EXPECT_EQ(dialogs.prompts.back(), "Enter Observing Notes for Vesta - a blank line exits");
 
   s.files.installDir = dir.path() + "/missing/";
   s.program.lastLoggedName = "";
@@ -116,6 +58,16 @@ TEST_F(ObservingLogTest, NotesChainAndAnUnwritableLog) {
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_NE(dialogs.messages[0].find("No such file or directory"), std::string::npos);
   EXPECT_EQ(s.program.lastLoggedName, "") << "the header is still owed";
+}
+
+TEST_F(ObservingLogTest, APlanetLineNamesItsDistanceAndDisc) {
+  s.program.lastLoggedName = "  ";  // header already written
+  ObjectState& o = s.object;
+  o.objectKind = 5, o.altitude = 25.06, o.Name5 = "JD 2461367.13";
+  o.Name1 = "Jupiter", o.Name2 = "4.210 AU", o.Name3 = "Diam 46.8\"";
+  EXPECT_EQ(ComposeLogEntry(s, "x"),
+            "Jupiter Dist=4.210 AU Diam 46.8\". Alt= 25.1 \xB0 JD 2461367.13 22-11-2026 "
+            "21:15:42\r\nx\r\n");
 }
 
 }  // namespace
