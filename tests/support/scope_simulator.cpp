@@ -7,11 +7,33 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string_view>
 
 namespace astel::testing {
 
+// What a healthy mount answers. NexStar: "R" goto, "J" aligned, "E" position (hex steps of the
+// 65,536-step circle). LX200: set commands are taken, ":SC" has the date's long answer, ":MS"
+// slews, and the getters report 0 h 0 min, +0 deg 0 min (0xDF is an LX200's degree sign) and the
+// clock at 21:30:00 on 23 March 2005.
+const std::map<std::string, std::string> kHealthyReplies = {
+    {"R", "#"},
+    {"J", "\x01#"},
+    {"E", "0000,0000#"},
+    {":S", "1"},
+    {":SC", "1Updating Planetary Data#                                #"},
+    {":MS", "0"},
+    {":GR", "00:00.0#"},
+    {":GD",
+     "+00\xDF"
+     "00#"},
+    {":GL", "21:30:00#"},
+    {":GC", "03/23/05#"},
+};
+
 ScopeSimulator::ScopeSimulator(int scopeType, SimBehaviour behaviour)
-    : protocol_(MakeMountProtocol(scopeType)), behaviour_(behaviour) {}
+    : scopeType_(scopeType), behaviour_(std::move(behaviour)) {
+  behaviour_.replies.insert(kHealthyReplies.begin(), kHealthyReplies.end());  // keeps the test's
+}
 
 ScopeSimulator::~ScopeSimulator() {
   if (thread_.joinable()) {
@@ -70,10 +92,14 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
         changed_.notify_all();
         return;
       }
-      auto command = protocol_->Feed(bytes[i], mount_, behaviour_.rules);
-      if (!command) continue;
-      commands_.push_back(command->bytes);
-      if (!command->reply.empty()) replies += Faulty(command->bytes, command->reply);
+      if (!Frame(bytes[i])) continue;
+      commands_.push_back(pending_);
+      std::string reply = Reply(pending_);
+      pending_.clear();
+      if (reply.empty() || queriesSeen_++ < behaviour_.ignoreFirstQueries) continue;
+      if (behaviour_.fault == ReplyFault::kGarbage) reply.assign(reply.size(), '?');
+      if (behaviour_.fault == ReplyFault::kShort) reply.pop_back();
+      if (behaviour_.fault != ReplyFault::kSilent) replies += reply;
     }
     changed_.notify_all();
   }
@@ -88,20 +114,37 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
   }
 }
 
-std::string ScopeSimulator::Faulty(const std::string& command, const std::string& reply) {
-  if (queriesSeen_++ < behaviour_.ignoreFirstQueries) return "";
-  if (command.rfind(behaviour_.faultOnlyFor, 0) != 0) return reply;
-  switch (behaviour_.fault) {
-    case ReplyFault::kNone:
-      return reply;
-    case ReplyFault::kSilent:
-      return "";
-    case ReplyFault::kGarbage:
-      return std::string(reply.size(), '?');
-    case ReplyFault::kShort:
-      return reply.substr(0, reply.size() - 1);
+// Adds a byte to the command being received; true when that command is complete.
+bool ScopeSimulator::Frame(unsigned char byte) {
+  if (scopeType_ == 2 || scopeType_ == 3) return false;  // the binary GoTo is send-only
+  const char c = static_cast<char>(byte);
+  if (scopeType_ == 1) {  // NexStar: the letter sets the length; other bytes are ignored
+    if (pending_.empty() && std::string_view("RPJEwh").find(c) == std::string_view::npos)
+      return false;
+    pending_.push_back(c);
+    return pending_.size() == (pending_[0] == 'R' ? 10u : pending_[0] == 'P' ? 8u : 1u);
   }
-  return reply;
+  // LX200: a command runs from ":" to "#"; bytes between commands (a lone "#") are ignored.
+  if (pending_.empty() && c != ':') return false;
+  pending_.push_back(c);
+  return c == '#';
+}
+
+std::string ScopeSimulator::Reply(const std::string& command) {
+  auto byte = [&](std::size_t at) { return static_cast<unsigned char>(command[at]); };
+  if (command[0] == 'P') {  // pass-through "P 2 axis direction rate 0 0 replyBytes"
+    mount_.motions.push_back({byte(2), byte(3), byte(4)});
+    return std::string(byte(7), '\0') + "#";
+  }
+  const std::string* reply = nullptr;
+  std::size_t longest = 0;
+  for (const auto& [start, answer] : behaviour_.replies) {
+    if (command.starts_with(start) && start.size() >= longest) {
+      longest = start.size();
+      reply = &answer;
+    }
+  }
+  return reply ? *reply : "";
 }
 
 std::vector<ReceivedByte> ScopeSimulator::Received() const {
@@ -137,11 +180,6 @@ bool ScopeSimulator::WaitForCommands(std::size_t count, std::chrono::millisecond
 MountState ScopeSimulator::Mount() const {
   std::lock_guard lock(mutex_);
   return mount_;
-}
-
-void ScopeSimulator::SetMount(const MountState& mount) {
-  std::lock_guard lock(mutex_);
-  mount_ = mount;
 }
 
 }  // namespace astel::testing

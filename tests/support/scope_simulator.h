@@ -1,21 +1,33 @@
-// A telescope on a pseudo-terminal: a thread that answers as a real mount of the chosen family
-// does, keeps its pointing position, site and clock, records every received byte with its arrival
-// time and the line settings in force, and can misbehave on request.
+// A telescope on a pseudo-terminal: a thread that frames the received bytes into commands as a
+// mount of the chosen family does, answers them as a healthy mount would (or as the test says),
+// records every byte with its arrival time and the line settings in force, and can misbehave on
+// request. Its replies come from the published command sets, never from the program's encoders:
+// the simulator checks the program, so it must not share its code.
 #pragma once
 
 #include <termios.h>
 
 #include <chrono>
 #include <condition_variable>
+#include <map>
 #include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "tests/support/mount_protocols.h"
 #include "tests/support/pty_endpoint.h"
 
 namespace astel::testing {
+
+struct MotorCommand {
+  int axis = 0;       // 16 azimuth, 17 altitude
+  int direction = 0;  // 36 positive, 37 negative
+  int rate = 0;       // 0 stops
+};
+
+struct MountState {
+  std::vector<MotorCommand> motions{};  // the NexStar pass-through motor commands, in order
+};
 
 enum class ReplyFault {
   kNone,
@@ -26,10 +38,11 @@ enum class ReplyFault {
 
 struct SimBehaviour {
   ReplyFault fault = ReplyFault::kNone;
-  std::string faultOnlyFor{};  // the fault hits only commands starting with this; empty: all
   int ignoreFirstQueries = 0;  // the first n commands that expect an answer get none
   int hangUpAfterBytes = -1;   // drops the line when this many bytes have arrived
-  MountRules rules{};
+  // Answers in place of a healthy mount's: a command gets the value of the longest key it starts
+  // with (LX200 keys begin with the ":"), before any fault.
+  std::map<std::string, std::string> replies{};
 };
 
 struct ReceivedByte {
@@ -39,6 +52,7 @@ struct ReceivedByte {
   speed_t speed = B0;
 };
 
+// Type 1 NexStar ASCII, 2 original NexStar binary, 3 StarGuide binary, 4 (and 0) LX200.
 class ScopeSimulator {
  public:
   explicit ScopeSimulator(int scopeType, SimBehaviour behaviour = {});
@@ -57,17 +71,16 @@ class ScopeSimulator {
   void ClearRecords();
   // Waits (real time) until `count` commands have arrived; false on time-out.
   bool WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const;
-
   MountState Mount() const;
-  void SetMount(const MountState& mount);
 
  private:
   void Serve();
   void Handle(const unsigned char* bytes, std::size_t count);
-  std::string Faulty(const std::string& command, const std::string& reply);
+  bool Frame(unsigned char byte);
+  std::string Reply(const std::string& command);
 
+  const int scopeType_;
   PtyEndpoint pty_;
-  std::unique_ptr<MountProtocol> protocol_;
   int wakeFd_ = -1;
   std::thread thread_;
 
@@ -75,6 +88,7 @@ class ScopeSimulator {
   mutable std::condition_variable changed_;
   SimBehaviour behaviour_;
   MountState mount_;
+  std::string pending_;  // the command being received
   std::vector<ReceivedByte> received_;
   std::vector<std::string> commands_;
   int queriesSeen_ = 0;

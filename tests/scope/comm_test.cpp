@@ -1,0 +1,234 @@
+// The serial line: which device a COM port is, the settings a mode string asks for, and CommPorts
+// over real pseudo-terminals (the transactions, the error record and what a user on Linux is told
+// when a port cannot be used).
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <thread>
+
+#include "scope/comm_device.h"
+#include "scope/comm_io.h"
+#include "scope/comm_mode.h"
+#include "tests/scope/wire_harness.h"
+#include "tests/support/pty_endpoint.h"
+
+namespace astel::testing {
+namespace {
+
+constexpr std::string_view kMode = kModeTelescope;
+
+TEST(DeviceForPort, EnvironmentFirstThenUsbAdapterThenBuiltInPort) {
+  const struct {
+    const char* legend;
+    int port;
+    std::map<std::string, std::string> env;
+    std::set<std::string> existing;
+    const char* device;
+  } rows[] = {
+      {"variable set", 2, {{"ASTEL_COM2", "/tmp/sim/ttyS1"}}, {"/dev/ttyUSB1"}, "/tmp/sim/ttyS1"},
+      {"empty variable counts as unset", 1, {{"ASTEL_COM1", ""}}, {"/dev/ttyUSB0"}, "/dev/ttyUSB0"},
+      {"only the built-in port", 4, {}, {"/dev/ttyUSB0"}, "/dev/ttyS3"},
+  };
+  for (const auto& row : rows) {
+    auto env = [&](const std::string& name) -> std::optional<std::string> {
+      auto found = row.env.find(name);
+      return found == row.env.end() ? std::nullopt : std::optional(found->second);
+    };
+    auto exists = [&](const std::string& path) { return row.existing.count(path) > 0; };
+    EXPECT_EQ(DeviceForPort(row.port, env, exists), row.device) << row.legend;
+  }
+  EXPECT_EQ(PortNumberOfName("com12"), 12);
+  EXPECT_EQ(PortNumberOfName("COM1x"), std::nullopt);
+}
+
+TEST(CommMode, ReadsTheModeStringsAndRefusesWhatALineCannotBe) {
+  const struct {
+    const char *mode, *settings;  // "baud parity data stop-times-two", "-" if left out
+  } rows[] = {
+      {"baud=9600 parity=N data=8 stop=2", "9600 N 8 4"},
+      {"  BAUD=4800   Parity=e DATA=7 Stop=1.5 ", "4800 E 7 3"},  // any case, extra blanks
+      {"baud=9600 speed=fast", "refused"},
+  };
+  for (const auto& row : rows) {
+    std::optional<SerialMode> m = ParseCommMode(row.mode);
+    EXPECT_EQ(!m ? "refused"
+                 : std::to_string(*m->baud) + " " + *m->parity + " " +
+                       std::to_string(*m->dataBits) + " " + std::to_string(*m->stopBitsTimesTwo),
+              row.settings);
+  }
+  termios line{};
+  ASSERT_EQ(ApplySerialMode(*ParseCommMode("baud=4800 parity=O data=7 stop=2"), line), 0);
+  EXPECT_EQ(cfgetospeed(&line), B4800);
+  EXPECT_EQ(line.c_cflag & (CSIZE | CSTOPB | PARENB | PARODD),
+            static_cast<tcflag_t>(CS7 | CSTOPB | PARENB | PARODD));
+  EXPECT_EQ(ApplySerialMode(*ParseCommMode("data=5 stop=1.5"), line), EINVAL)
+      << "Linux has no one and a half stop bits";
+}
+
+// Reads until `length` bytes have come or a second has passed.
+std::string ReadReply(CommPorts& comm, std::size_t length) {
+  std::string all, part;
+  for (int tries = 0; tries < 500 && all.size() < length; ++tries) {
+    comm.CommRead(kPort, part, static_cast<int>(length - all.size()));
+    all += part;
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  return all;
+}
+
+TEST(CommIO, OpenCloseCyclesLeakNothingAndASecondOpenOrABadModeIsRefused) {
+  WireHarness h(4);
+  ASSERT_SIM_STARTED(h);
+  ASSERT_EQ(h.comm.CommClose(kPort), 0) << "closing a port that is not open";
+  auto descriptors = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto descriptorsBefore = descriptors();
+  for (int cycle = 0; cycle < 40; ++cycle) {
+    ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0) << h.comm.LastError().message;
+    ASSERT_EQ(h.comm.CommFlush(kPort), 0);
+    ASSERT_EQ(h.comm.CommWrite(kPort, "#:GL#"), 5);
+    EXPECT_EQ(ReadReply(h.comm, 9), "21:30:00#") << cycle;
+    ASSERT_EQ(h.comm.CommClose(kPort), 0);
+  }
+  EXPECT_EQ(descriptors(), descriptorsBefore);
+  EXPECT_EQ(h.diagnostics.str(), "") << "no failure, nothing reported";
+
+  EXPECT_NE(h.comm.CommOpen(kPort, "COM1", "baud=fast parity=N"), 0);
+  EXPECT_EQ(h.comm.LastError().source, "CommOpen (BuildCommDCB)");
+  EXPECT_TRUE(h.comm.IsOpen(kPort)) << "open until closed";
+  h.comm.CommClose(kPort);
+  ASSERT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), 0);
+  EXPECT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), -1);
+  EXPECT_EQ(h.comm.LastError().message, "Port in use.");
+  ASSERT_EQ(h.comm.CommWrite(kPort, "#:GC#"), 5) << "the first open's device is untouched";
+  EXPECT_EQ(ReadReply(h.comm, 9), "03/23/05#");
+}
+
+// CommPorts with every port behind one fixed device path.
+struct FixedDevice {
+  explicit FixedDevice(std::string path)
+      : comm(events, diagnostics, [path](int) { return path; }) {}
+  FakeEvents events;
+  std::ostringstream diagnostics;
+  CommPorts comm;
+};
+
+TEST(CommIO, EveryByteValuePassesUnchangedInBothDirections) {
+  PtyEndpoint device;
+  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
+  FixedDevice rig(device.SlavePath());
+  ASSERT_EQ(rig.comm.CommOpen(kPort, "COM1", kModeNexStarGoto), 0);
+  std::string all, received;
+  for (int value = 0; value < 256; ++value)
+    all.push_back(static_cast<char>(value));
+  ASSERT_EQ(rig.comm.CommWrite(kPort, all), 256);
+  char buffer[512];
+  for (int tries = 0; tries < 100 && received.size() < all.size(); ++tries) {
+    ssize_t count = ::read(device.Master(), buffer, sizeof buffer);
+    if (count > 0) received.append(buffer, static_cast<std::size_t>(count));
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  EXPECT_EQ(received, all) << "program to device: no CR/LF translation, nothing lost";
+
+  ASSERT_EQ(::write(device.Master(), all.data(), all.size()), 256);
+  std::this_thread::sleep_for(std::chrono::milliseconds(50));
+  EXPECT_EQ(rig.comm.CommRead(kPort, received, 256), 256);
+  EXPECT_EQ(received, all) << "device to program: no echo, no XON/XOFF or signal characters eaten";
+}
+
+TEST(CommIO, OpenAndLineFailuresAreRecordedAndExplained) {
+  FixedDevice rig("/nonexistent/ttyUSB1");
+  CommPorts& comm = rig.comm;
+  std::string data;
+  EXPECT_NE(comm.CommOpen(5, "COM5", kMode), 0);
+  EXPECT_EQ(comm.CommWrite(5, "x"), -1);
+  EXPECT_NE(rig.diagnostics.str().find("only COM1 to COM4"), std::string::npos);
+  EXPECT_EQ(comm.CommOpen(2, "COM2", kMode), ENOENT);
+  EXPECT_FALSE(comm.IsOpen(2));
+  EXPECT_EQ(comm.CommRead(2, data, 1), -1);
+  EXPECT_EQ(comm.LastError().code, ENOENT) << "the reason of the failed open is kept";
+  EXPECT_NE(rig.diagnostics.str().find(
+                "COM2 (/nonexistent/ttyUSB1): CommOpen (CreateFile): No such file or directory - "
+                "no such device: connect the adapter, or set ASTEL_COM2 to the device path"),
+            std::string::npos)
+      << rig.diagnostics.str();
+
+  PtyEndpoint device;
+  ASSERT_TRUE(device.Create(false)) << "no pseudo-terminal";
+  FixedDevice hungUp(device.SlavePath());
+  ASSERT_EQ(hungUp.comm.CommOpen(kPort, "COM1", kMode), 0);
+  device.HangUp();
+  EXPECT_EQ(hungUp.comm.CommWrite(kPort, "R"), -1);
+  EXPECT_EQ(hungUp.comm.LastError().message, "Input/output error  COMM Error Flags = 0");
+  EXPECT_EQ(hungUp.comm.CommRead(kPort, data, 2), -1);
+  EXPECT_EQ(hungUp.comm.LastError().source, "CommRead (ClearCommError)");
+  EXPECT_NE(hungUp.diagnostics.str().find("CommWrite (WriteFile): Input/output error"),
+            std::string::npos);
+}
+
+// Runs `body` in a child process as the unprivileged user "nobody" (as ourselves when we are not
+// root); returns what the child wrote to its pipe.
+std::string AsAnotherUser(const std::function<std::string()>& body) {
+  int pipeFds[2];
+  if (::pipe(pipeFds) != 0) return "pipe failed";
+  pid_t child = ::fork();
+  if (child == 0) {
+    ::close(pipeFds[0]);
+    if (::geteuid() == 0 && (::setgid(65534) != 0 || ::setuid(65534) != 0)) ::_exit(3);
+    std::string result = body();
+    [[maybe_unused]] auto written = ::write(pipeFds[1], result.data(), result.size());
+    ::_exit(0);
+  }
+  ::close(pipeFds[1]);
+  std::string result;
+  char buffer[512];
+  for (ssize_t n; (n = ::read(pipeFds[0], buffer, sizeof buffer)) > 0;)
+    result.append(buffer, static_cast<std::size_t>(n));
+  ::close(pipeFds[0]);
+  ::waitpid(child, nullptr, 0);
+  return result;
+}
+
+TEST(CommIO, AnOpenPortIsExclusiveAndAForbiddenOnePointsAtTheDialoutGroup) {
+  PtyEndpoint device;
+  ASSERT_TRUE(device.Create(true)) << "no pseudo-terminal";
+  const std::string path = device.SlavePath();
+  ASSERT_EQ(::chmod(path.c_str(), 0666), 0);
+  auto otherProgramOpens = [&] {
+    return AsAnotherUser([&] {
+      int fd = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+      std::string outcome = fd >= 0 ? "opened" : std::strerror(errno);
+      if (fd >= 0) ::close(fd);
+      return outcome;
+    });
+  };
+  FixedDevice rig(path);
+  ASSERT_EQ(rig.comm.CommOpen(kPort, "COM1", kMode), 0);
+  EXPECT_EQ(otherProgramOpens(), "Device or resource busy");
+  ASSERT_EQ(rig.comm.CommClose(kPort), 0);
+  EXPECT_EQ(otherProgramOpens(), "opened") << "exclusivity ends with the close";
+
+  ASSERT_EQ(::chmod(path.c_str(), ::geteuid() == 0 ? 0600 : 0000), 0);
+  std::string result = AsAnotherUser([&] {
+    FixedDevice forbidden(path);
+    int status = forbidden.comm.CommOpen(kPort, "COM1", kMode);
+    return std::to_string(status) + "|" + forbidden.comm.LastError().source + "|" +
+           forbidden.comm.LastError().message + "|" + forbidden.diagnostics.str();
+  });
+  EXPECT_EQ(result.substr(0, result.find('|')), std::to_string(EACCES)) << result;
+  EXPECT_NE(result.find("|CommOpen (CreateFile)|Permission denied|"), std::string::npos) << result;
+  EXPECT_NE(result.find("dialout"), std::string::npos) << result;
+}
+
+}  // namespace
+}  // namespace astel::testing
