@@ -23,10 +23,8 @@ TEST(ScopeForm, OkTurnsTheChosenRowIntoModelCodeFamilyAndCapabilitiesOrRefuses) 
     const char* flags;  // "Y" or "N" for scopeHasGps, scopeNoDstShift and scopeLoadEnabled
   } rows[] = {
       {"0 - No Goto Telescope", "", 10000, "NNN"},  // and no port
-      {"1 - Celestron NexStar GPS Family: 8 / 9.25 / 11", "", 101, "YNY"},
       {"1 - Celestron NexStar 5i / 8i", "N", 108, "NNY"},
       {"1 - Celestron CGE and Advanced Series with GoTo", "N", 106, "NNY"},  // loads when chosen
-      {lx200, "N", 407, "NNY"},
       {lx200, "YY", 406, "YYY"},
       {lx200, "YN", 405, "YNY"},
       {"4 - Meade Autostar and compatibles", "", 402, "NYY"},
@@ -61,8 +59,8 @@ TEST(ScopeForm, OkTurnsTheChosenRowIntoModelCodeFamilyAndCapabilitiesOrRefuses) 
 }
 
 // The upload exchange below sends 48 deg 7 min north, 11 deg 31 min east, +5 h and two-digit
-// clock texts; here the other forms, the daylight hour and the Greenwich date of model 401.
-TEST(MeadeUploadCommands, SignsWrapsPaddingDaylightAndTheGreenwichDate) {
+// clock texts; here the other forms and the daylight hour.
+TEST(MeadeUploadCommands, SignsWrapsPaddingAndTheDaylightHour) {
   SharedState state;
   PlaceState& p = state.place;
   std::tie(p.latitudeMinutes, p.latitudeSign, p.longitudeMinutes, p.longitudeSign) =
@@ -85,19 +83,6 @@ TEST(MeadeUploadCommands, SignsWrapsPaddingDaylightAndTheGreenwichDate) {
   EXPECT_EQ(UploadOffsetHours(state, clock), 5);
   state.telescope.scopeNoDstShift = true;
   EXPECT_EQ(UploadOffsetHours(state, clock), 4) << "the model shifts the hour itself";
-
-  auto date = [&](int code, bool gps, const char* daySign, const char* month, const char* day,
-                  const char* year) {
-    std::tie(state.telescope.scopeCode, state.telescope.scopeHasGps) = std::tuple(code, gps);
-    std::tie(state.time.gmtDaySign, state.time.monthText, state.time.dayText, state.time.yearText) =
-        std::tuple(daySign, month, day, year);
-    MeadeDate d = UploadDate(state);
-    return d.month + "/" + d.day + "/" + d.year2;
-  };
-  EXPECT_EQ(date(401, true, "+", "12", "31", "2005"), "01/01/06") << "a day ahead, new year";
-  EXPECT_EQ(date(401, true, "-", "03", "01", "2004"), "02/29/04") << "a day behind, leap year";
-  EXPECT_EQ(date(401, false, "+", "12", "31", "2005"), "12/31/05") << "no GPS: the local date";
-  EXPECT_EQ(date(405, true, "+", "12", "31", "2005"), "12/31/05") << "another model";
 }
 
 // An LX200 Autostar with the observer 48 deg 7 min north, 11 deg 31 min east, 5 hours west of
@@ -119,15 +104,13 @@ TEST(UploadMeade, SendsTheFiveStepsAndTheTelescopeTakesThem) {
             "#:Sg 348*29##:St +48*07##:SG+05.0##:SC 03/23/05##:SL 21:05:09#");
   EXPECT_TRUE(h.dialogs.messages.empty()) << "success is announced by the dialog, not here";
   EXPECT_EQ(h.statuses.back(), "Waiting for Scope Response to Time Upload.");
-  EXPECT_FALSE(h.comm.IsOpen(kPort));
   EXPECT_EQ(std::count(h.events.sleeps.begin(), h.events.sleeps.end(), 500), 1)
       << "the date's long answer is waited out once";
 }
 
 TEST(UploadMeade, RepeatsRefusalsAndHangUps) {
   const SimBehaviour healthy, hangUpEarly{.hangUpAfterBytes = 5},
-      hangUpInOffset{.hangUpAfterBytes = 30}, noDecimalOffset{.replies = {{":SG+05.0", "0"}}},
-      noOffset{.replies = {{":SG", "0"}}};
+      hangUpInOffset{.hangUpAfterBytes = 30}, noDecimalOffset{.replies = {{":SG+05.0", "0"}}};
   const struct {
     const char* legend;
     SimBehaviour sim;
@@ -138,8 +121,6 @@ TEST(UploadMeade, RepeatsRefusalsAndHangUps) {
     std::size_t commands;  // received by the telescope
   } rows[] = {
       {"decimal offset refused: whole hours", noDecimalOffset, true, "21:05:09", true, {}, 6},
-      {"both offset forms refused", noOffset, true, "21:05:09", false,
-       "Invalid Scope Response to Set GMT Offset= 0", 4},
       {"hung up in the longitude, the user's upload", hangUpEarly, true, "21:05:09", false,
        "UNABLE TO WRITE TO COM 1", 0},
       {"hung up in the longitude, another upload", hangUpEarly, false, "21:05:09", false, {}, 0},
@@ -164,48 +145,28 @@ TEST(UploadMeade, RepeatsRefusalsAndHangUps) {
     EXPECT_EQ(UploadMeade(h.context, h.monitor, row.fromUploadButton), row.uploaded);
     EXPECT_EQ(h.dialogs.messages, Shown(row.message));
     EXPECT_EQ(h.sim.Commands().size(), row.commands);
-    EXPECT_FALSE(h.comm.IsOpen(kPort));
   }
 }
 
-TEST(ScopeForm, UploadRunsOnlyForLx200ModelsInRealTimeAndClosingStopsItQuietly) {
-  const struct {
-    int code;
-    bool realTime;
-    const char* message;
-  } rows[] = {
-      {402, true, "Successful Upload to Telescope"},
-      {101, true, "Function not Available"},
-      {402, false, "Must be in Real-Time Mode for Upload Operation"},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.message);
-    WireHarness h(4);
+TEST(ScopeForm, TheUploadButtonUploadsAndClosingDuringItStopsItQuietly) {
+  for (bool closeDuringUpload : {false, true}) {
+    WireHarness h(4, {.fault = closeDuringUpload ? ReplyFault::kSilent : ReplyFault::kNone});
     ASSERT_SIM_STARTED(h);
-    h.state.telescope.scopeCode = row.code;
-    h.state.time.realTimeMode = row.realTime;
+    h.state.telescope.scopeCode = 402;
+    h.state.form.commandButtonsEnabled = false;
     ScopeFormLogic form(h.context);
     bool busyDuringUpload = false;
-    h.events.onDoEvents = [&] { busyDuringUpload |= form.monitor().busy; };
+    h.events.onDoEvents = [&] {
+      busyDuringUpload |= form.monitor().busy;
+      if (closeDuringUpload && h.sim.Commands().size() >= 2) form.Close();
+    };
     form.UploadClick();
-    EXPECT_EQ(h.dialogs.messages, Shown(row.message));
-    EXPECT_EQ(h.sim.ReceivedBytes().empty(), &row != &rows[0]);
-    EXPECT_EQ(busyDuringUpload, &row == &rows[0]) << "buttons disabled while the upload runs";
+    EXPECT_EQ(h.dialogs.messages,
+              Shown(closeDuringUpload ? nullptr : "Successful Upload to Telescope"));
+    EXPECT_TRUE(busyDuringUpload) << "buttons disabled while the upload runs";
     EXPECT_FALSE(form.monitor().busy);
+    EXPECT_EQ(h.state.form.commandButtonsEnabled, closeDuringUpload) << "the main window's, freed";
   }
-  WireHarness h(4, {.fault = ReplyFault::kSilent});
-  ASSERT_SIM_STARTED(h);
-  h.state.telescope.scopeCode = 402;
-  h.state.form.commandButtonsEnabled = false;
-  ScopeFormLogic form(h.context);
-  h.events.onDoEvents = [&] {
-    if (h.sim.Commands().size() >= 2) form.Close();
-  };
-  form.UploadClick();
-  EXPECT_TRUE(h.dialogs.messages.empty() && !h.comm.IsOpen(kPort));
-  EXPECT_TRUE(h.state.form.commandButtonsEnabled);
-  EXPECT_EQ(form.monitor().status, "No scope response yet. Verify Connection.\n")
-      << "a waiting text only once something arrives";
 }
 
 }  // namespace

@@ -22,10 +22,6 @@ namespace astel::testing {
 
 inline constexpr int kPort = 1;
 
-inline SimBehaviour WithFault(ReplyFault fault) {
-  return {.fault = fault};
-}
-
 // The messages expected of an exchange that shows at most one: none for nullptr.
 inline std::vector<std::string> Shown(const char* message) {
   return message ? std::vector<std::string>{message} : std::vector<std::string>{};
@@ -61,6 +57,12 @@ struct PortRig {
     std::tie(t.yearText, t.monthText, t.dayText) = std::tuple("2005", "03", "23");
     std::tie(t.hourText, t.minuteText, t.secondText) = std::tuple("21", "05", "09");
     monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };
+  }
+
+  // Every exchange closes the port it opened, whatever its outcome.
+  ~PortRig() {
+    for (int port = 0; port <= 4; ++port)
+      EXPECT_FALSE(comm.IsOpen(port)) << "COM" << port << " left open";
   }
 
   // The user closes the window as soon as `condition` holds (checked at every event pass): the

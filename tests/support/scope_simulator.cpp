@@ -23,12 +23,9 @@ const std::map<std::string, std::string> kHealthyReplies = {
     {":SC", "1Updating Planetary Data#                                #"},
     {":MS", "0"},
     {":GR", "00:00.0#"},
-    {":GD",
-     "+00\xDF"
-     "00#"},
+    {":GD", "+00\33700#"},
     {":GL", "21:30:00#"},
-    {":GC", "03/23/05#"},
-};
+    {":GC", "03/23/05#"}};
 
 ScopeSimulator::ScopeSimulator(int scopeType, SimBehaviour behaviour)
     : scopeType_(scopeType), behaviour_(std::move(behaviour)) {
@@ -65,10 +62,6 @@ void ScopeSimulator::Serve() {
     int ready = ::poll(fds, 2, -1);
     if (ready < 0 && errno == EINTR) continue;
     if (ready < 0 || (fds[1].revents & POLLIN) != 0) return;
-    if ((fds[0].revents & POLLIN) == 0) {
-      ::usleep(1000);  // no reader at the other end for the moment
-      continue;
-    }
     ssize_t count = ::read(pty_.Master(), buffer, sizeof buffer);
     if (count > 0) Handle(buffer, static_cast<std::size_t>(count));
     std::lock_guard lock(mutex_);
@@ -89,7 +82,6 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
           static_cast<int>(received_.size()) >= behaviour_.hangUpAfterBytes) {
         hungUp_ = true;
         pty_.HangUp();
-        changed_.notify_all();
         return;
       }
       if (!Frame(bytes[i])) continue;
@@ -101,17 +93,9 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
       if (behaviour_.fault == ReplyFault::kShort) reply.pop_back();
       if (behaviour_.fault != ReplyFault::kSilent) replies += reply;
     }
-    changed_.notify_all();
   }
-  std::size_t done = 0;
-  while (done < replies.size()) {
-    ssize_t written = ::write(pty_.Master(), replies.data() + done, replies.size() - done);
-    if (written > 0) {
-      done += static_cast<std::size_t>(written);
-    } else if (written < 0 && errno != EAGAIN && errno != EINTR) {
-      break;
-    }
-  }
+  // A few dozen bytes at most: the pseudo-terminal takes them at once.
+  [[maybe_unused]] auto written = ::write(pty_.Master(), replies.data(), replies.size());
 }
 
 // Adds a byte to the command being received; true when that command is complete.
@@ -169,12 +153,6 @@ void ScopeSimulator::ClearRecords() {
   std::lock_guard lock(mutex_);
   received_.clear();
   commands_.clear();
-}
-
-bool ScopeSimulator::WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const {
-  std::unique_lock lock(mutex_);
-  return changed_.wait_for(lock, timeout, [&] { return commands_.size() >= count || hungUp_; }) &&
-         commands_.size() >= count;
 }
 
 MountState ScopeSimulator::Mount() const {

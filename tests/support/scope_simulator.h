@@ -5,19 +5,59 @@
 // the simulator checks the program, so it must not share its code.
 #pragma once
 
+#include <fcntl.h>
+#include <pty.h>
 #include <termios.h>
 
 #include <chrono>
-#include <condition_variable>
 #include <map>
 #include <mutex>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "tests/support/pty_endpoint.h"
+#include "scope/unique_fd.h"
 
 namespace astel::testing {
+
+// The far end of a pseudo-terminal: the program under test opens the slave path as its serial
+// device, the simulated device reads and writes the master.
+class PtyEndpoint {
+ public:
+  // Creates the pair. `keepSlaveOpen`: hold a slave descriptor for the whole life of the
+  // endpoint, so that the master never sees a hang-up between the program's sessions and the line
+  // settings the program chose can be read back. Returns false (with errno) when no pty is free.
+  bool Create(bool keepSlaveOpen) {
+    int master = -1, slave = -1;
+    char name[128] = {};
+    if (::openpty(&master, &slave, name, nullptr, nullptr) != 0) return false;
+    master_ = UniqueFd(master);
+    slave_ = UniqueFd(slave);
+    slavePath_ = name;
+    ::fcntl(master, F_SETFD, FD_CLOEXEC);
+    ::fcntl(slave, F_SETFD, FD_CLOEXEC);
+    ::fcntl(master, F_SETFL, ::fcntl(master, F_GETFL) | O_NONBLOCK);
+    // Raw from the start: nothing the device sends before the program sets the line may be echoed.
+    termios settings{};
+    ::tcgetattr(slave, &settings);
+    ::cfmakeraw(&settings);
+    ::tcsetattr(slave, TCSANOW, &settings);
+    if (!keepSlaveOpen) slave_.Reset();
+    return true;
+  }
+  const std::string& SlavePath() const { return slavePath_; }
+  int Master() const { return master_.Get(); }
+  int Slave() const { return slave_.Get(); }
+  // Drops both ends, as a device that is unplugged: the program's descriptor is hung up.
+  void HangUp() {
+    slave_.Reset();
+    master_.Reset();
+  }
+
+ private:
+  UniqueFd master_, slave_;
+  std::string slavePath_;
+};
 
 struct MotorCommand {
   int axis = 0;       // 16 azimuth, 17 altitude
@@ -29,12 +69,8 @@ struct MountState {
   std::vector<MotorCommand> motions{};  // the NexStar pass-through motor commands, in order
 };
 
-enum class ReplyFault {
-  kNone,
-  kSilent,   // never answers
-  kGarbage,  // answers with "?" bytes of the right length
-  kShort,    // answers without the last byte
-};
+// Silent never answers, Garbage answers "?" bytes of the right length, Short lacks the last byte.
+enum class ReplyFault { kNone, kSilent, kGarbage, kShort };
 
 struct SimBehaviour {
   ReplyFault fault = ReplyFault::kNone;
@@ -69,8 +105,6 @@ class ScopeSimulator {
   std::string ReceivedBytes() const;
   std::vector<std::string> Commands() const;  // each complete command, in order
   void ClearRecords();
-  // Waits (real time) until `count` commands have arrived; false on time-out.
-  bool WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const;
   MountState Mount() const;
 
  private:
@@ -85,7 +119,6 @@ class ScopeSimulator {
   std::thread thread_;
 
   mutable std::mutex mutex_;
-  mutable std::condition_variable changed_;
   SimBehaviour behaviour_;
   MountState mount_;
   std::string pending_;  // the command being received
