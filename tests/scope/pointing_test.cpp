@@ -75,7 +75,6 @@ TEST(GotoScope, EachFamilySendsItsBytesOnItsLineAndAFailureClosesThePort) {
     std::size_t pauses;  // of 5 ms
     const char* message;
   } rows[] = {
-      {"type 0: the port opens, nothing is sent", 0, false, "", false, 1, nullptr},
       {"type 1: hex text, a pause before each character", 1, false, "R3B77,FC2C", true, 11, {}},
       {"type 2: attention, then five bytes", 2, false, {"?R\x3B\x77\xFC\x2C", 6}, false, 1, {}},
       {"type 3: seven bytes and the reminder, in a script too", 3, true,
@@ -109,7 +108,6 @@ TEST(GotoScope, EachFamilySendsItsBytesOnItsLineAndAFailureClosesThePort) {
       const char* message = port == 2 ? "UNABLE TO OPEN COM 2" : "UNABLE TO WRITE TO COM 1";
       EXPECT_EQ(h.dialogs.messages, Shown(script ? nullptr : message));
       EXPECT_EQ(h.sim.ReceivedBytes().size(), port == 2 ? 0u : 4u);
-      EXPECT_FALSE(h.diagnostics.str().empty()) << "the reason reaches the error stream";
     }
   }
 }
@@ -133,10 +131,7 @@ TEST(PositionReadback, CelestronUnfoldsTheDeclinationAndMeadeReadsTheSignOfMinus
   EXPECT_EQ(nexstar.statuses, Shown("No scope response yet. Verify Connection.\nNexstar 60/80/114 "
                                     "must be in 'RS-232 Mode'"));
 
-  WireHarness meade(4, {.replies = {{":GR", "05:34.5#"},
-                                    {":GD",
-                                     "-00\xDF"
-                                     "30#"}}});
+  WireHarness meade(4, {.replies = {{":GR", "05:34.5#"}, {":GD", "-00\33730#"}}});
   ASSERT_SIM_STARTED(meade);
   EXPECT_TRUE(Load(meade));
   EXPECT_EQ(meade.sim.ReceivedBytes(), "#:GR##:GD#");

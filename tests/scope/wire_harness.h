@@ -51,9 +51,8 @@ struct PortRig {
              }),
         context{state, comm, dialogs, events, clock} {
     // Real-time mode, the display showing 23 March 2005, 21:05:09.
-    state.telescope.comPort = kPort;
-    state.time.realTimeMode = true;
     TimeState& t = state.time;
+    std::tie(state.telescope.comPort, t.realTimeMode) = std::tuple(kPort, true);
     std::tie(t.yearText, t.monthText, t.dayText) = std::tuple("2005", "03", "23");
     std::tie(t.hourText, t.minuteText, t.secondText) = std::tuple("21", "05", "09");
     monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };

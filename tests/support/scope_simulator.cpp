@@ -42,7 +42,7 @@ ScopeSimulator::~ScopeSimulator() {
 }
 
 bool ScopeSimulator::Start() {
-  if (!pty_.Create(true)) return false;
+  if (!pty_.Create()) return false;
   wakeFd_ = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   if (wakeFd_ < 0) return false;
   thread_ = std::thread([this] { Serve(); });

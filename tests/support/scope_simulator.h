@@ -24,10 +24,10 @@ namespace astel::testing {
 // device, the simulated device reads and writes the master.
 class PtyEndpoint {
  public:
-  // Creates the pair. `keepSlaveOpen`: hold a slave descriptor for the whole life of the
-  // endpoint, so that the master never sees a hang-up between the program's sessions and the line
-  // settings the program chose can be read back. Returns false (with errno) when no pty is free.
-  bool Create(bool keepSlaveOpen) {
+  // Creates the pair, holding a slave descriptor for the whole life of the endpoint, so that the
+  // master never sees a hang-up between the program's sessions and the line settings the program
+  // chose can be read back. Returns false (with errno) when no pty is free.
+  bool Create() {
     int master = -1, slave = -1;
     char name[128] = {};
     if (::openpty(&master, &slave, name, nullptr, nullptr) != 0) return false;
@@ -42,7 +42,6 @@ class PtyEndpoint {
     ::tcgetattr(slave, &settings);
     ::cfmakeraw(&settings);
     ::tcsetattr(slave, TCSANOW, &settings);
-    if (!keepSlaveOpen) slave_.Reset();
     return true;
   }
   const std::string& SlavePath() const { return slavePath_; }
