@@ -5,9 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <functional>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "scope/comm_io.h"
@@ -20,18 +22,25 @@ namespace astel::testing {
 
 inline constexpr int kPort = 1;
 
-inline SimBehaviour WithFault(ReplyFault fault) {
-  return {.fault = fault};
-}
-
 // The messages expected of an exchange that shows at most one: none for nullptr.
 inline std::vector<std::string> Shown(const char* message) {
   return message ? std::vector<std::string>{message} : std::vector<std::string>{};
 }
 
-// Year, month, day, hour, minute, second.
-inline std::vector<int> Fields(const UtcDateTime& t) {
-  return {t.year, t.month, t.day, t.hour, t.minute, t.second};
+// "yyyy-mm-dd hh:mm:ss.mmm".
+inline std::string Text(const UtcDateTime& t) {
+  char text[32];
+  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d.%03d", t.year, t.month, t.day,
+                t.hour, t.minute, t.second, t.millisecond);
+  return text;
+}
+
+// Every time the clock was asked to set, each followed by "|".
+inline std::string SetTimes(const FakeClock& clock) {
+  std::string all;
+  for (const UtcDateTime& t : clock.setTimes)
+    all += Text(t) + "|";
+  return all;
 }
 
 struct PortRig {
@@ -42,23 +51,23 @@ struct PortRig {
              }),
         context{state, comm, dialogs, events, clock} {
     // Real-time mode, the display showing 23 March 2005, 21:05:09.
-    state.telescope.comPort = kPort;
-    state.time.realTimeMode = true;
-    state.time.yearText = "2005";
-    state.time.monthText = "03";
-    state.time.dayText = "23";
-    state.time.hourText = "21";
-    state.time.minuteText = "05";
-    state.time.secondText = "09";
+    TimeState& t = state.time;
+    std::tie(state.telescope.comPort, t.realTimeMode) = std::tuple(kPort, true);
+    std::tie(t.yearText, t.monthText, t.dayText) = std::tuple("2005", "03", "23");
+    std::tie(t.hourText, t.minuteText, t.secondText) = std::tuple("21", "05", "09");
     monitor.onStatus = [this](const std::string& text) { statuses.push_back(text); };
+  }
+
+  // Every exchange closes the port it opened, whatever its outcome.
+  ~PortRig() {
+    for (int port = 0; port <= 4; ++port)
+      EXPECT_FALSE(comm.IsOpen(port)) << "COM" << port << " left open";
   }
 
   // The user closes the window as soon as `condition` holds (checked at every event pass): the
   // way out of an exchange that would otherwise wait forever.
   void CloseWindowWhen(std::function<bool()> condition) {
-    events.onDoEvents = [this, condition] {
-      if (condition()) monitor.cancelRequested = true;
-    };
+    events.onDoEvents = [this, condition] { monitor.cancelRequested |= condition(); };
   }
 
   FakeEvents events;

@@ -2,9 +2,10 @@
 // dialogs and the fixed clock, plus event passes, timers and the shell.
 #pragma once
 
-#include <deque>
+#include <chrono>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "core/ports.h"
@@ -18,8 +19,19 @@ namespace astel::testing {
 // the simulated mount answers in it.
 class FakeEvents : public Events {
  public:
-  void DoEvents() override;
-  void Sleep(int milliseconds) override;
+  void DoEvents() override {
+    ++doEventsCount;
+    // A hook that itself lets events run must not recurse into itself.
+    if (onDoEvents && !inHook_) {
+      inHook_ = true;
+      onDoEvents();
+      inHook_ = false;
+    }
+  }
+  void Sleep(int milliseconds) override {
+    sleeps.push_back(milliseconds);
+    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+  }
 
   int doEventsCount = 0;
   std::vector<int> sleeps;

@@ -7,11 +7,30 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <string_view>
 
 namespace astel::testing {
 
+// What a healthy mount answers. NexStar: "R" goto, "J" aligned, "E" position (hex steps of the
+// 65,536-step circle). LX200: set commands are taken, ":SC" has the date's long answer, ":MS"
+// slews, and the getters report 0 h 0 min, +0 deg 0 min (0xDF is an LX200's degree sign) and the
+// clock at 21:30:00 on 23 March 2005.
+const std::map<std::string, std::string> kHealthyReplies = {
+    {"R", "#"},
+    {"J", "\x01#"},
+    {"E", "0000,0000#"},
+    {":S", "1"},
+    {":SC", "1Updating Planetary Data#                                #"},
+    {":MS", "0"},
+    {":GR", "00:00.0#"},
+    {":GD", "+00\33700#"},
+    {":GL", "21:30:00#"},
+    {":GC", "03/23/05#"}};
+
 ScopeSimulator::ScopeSimulator(int scopeType, SimBehaviour behaviour)
-    : protocol_(MakeMountProtocol(scopeType)), behaviour_(behaviour) {}
+    : scopeType_(scopeType), behaviour_(std::move(behaviour)) {
+  behaviour_.replies.insert(kHealthyReplies.begin(), kHealthyReplies.end());  // keeps the test's
+}
 
 ScopeSimulator::~ScopeSimulator() {
   if (thread_.joinable()) {
@@ -23,7 +42,7 @@ ScopeSimulator::~ScopeSimulator() {
 }
 
 bool ScopeSimulator::Start() {
-  if (!pty_.Create(true)) return false;
+  if (!pty_.Create()) return false;
   wakeFd_ = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   if (wakeFd_ < 0) return false;
   thread_ = std::thread([this] { Serve(); });
@@ -43,10 +62,6 @@ void ScopeSimulator::Serve() {
     int ready = ::poll(fds, 2, -1);
     if (ready < 0 && errno == EINTR) continue;
     if (ready < 0 || (fds[1].revents & POLLIN) != 0) return;
-    if ((fds[0].revents & POLLIN) == 0) {
-      ::usleep(1000);  // no reader at the other end for the moment
-      continue;
-    }
     ssize_t count = ::read(pty_.Master(), buffer, sizeof buffer);
     if (count > 0) Handle(buffer, static_cast<std::size_t>(count));
     std::lock_guard lock(mutex_);
@@ -67,41 +82,53 @@ void ScopeSimulator::Handle(const unsigned char* bytes, std::size_t count) {
           static_cast<int>(received_.size()) >= behaviour_.hangUpAfterBytes) {
         hungUp_ = true;
         pty_.HangUp();
-        changed_.notify_all();
         return;
       }
-      auto command = protocol_->Feed(bytes[i], mount_, behaviour_.rules);
-      if (!command) continue;
-      commands_.push_back(command->bytes);
-      if (!command->reply.empty()) replies += Faulty(command->bytes, command->reply);
-    }
-    changed_.notify_all();
-  }
-  std::size_t done = 0;
-  while (done < replies.size()) {
-    ssize_t written = ::write(pty_.Master(), replies.data() + done, replies.size() - done);
-    if (written > 0) {
-      done += static_cast<std::size_t>(written);
-    } else if (written < 0 && errno != EAGAIN && errno != EINTR) {
-      break;
+      if (!Frame(bytes[i])) continue;
+      commands_.push_back(pending_);
+      std::string reply = Reply(pending_);
+      pending_.clear();
+      if (reply.empty() || queriesSeen_++ < behaviour_.ignoreFirstQueries) continue;
+      if (behaviour_.fault == ReplyFault::kGarbage) reply.assign(reply.size(), '?');
+      if (behaviour_.fault == ReplyFault::kShort) reply.pop_back();
+      if (behaviour_.fault != ReplyFault::kSilent) replies += reply;
     }
   }
+  // A few dozen bytes at most: the pseudo-terminal takes them at once.
+  [[maybe_unused]] auto written = ::write(pty_.Master(), replies.data(), replies.size());
 }
 
-std::string ScopeSimulator::Faulty(const std::string& command, const std::string& reply) {
-  if (queriesSeen_++ < behaviour_.ignoreFirstQueries) return "";
-  if (command.rfind(behaviour_.faultOnlyFor, 0) != 0) return reply;
-  switch (behaviour_.fault) {
-    case ReplyFault::kNone:
-      return reply;
-    case ReplyFault::kSilent:
-      return "";
-    case ReplyFault::kGarbage:
-      return std::string(reply.size(), '?');
-    case ReplyFault::kShort:
-      return reply.substr(0, reply.size() - 1);
+// Adds a byte to the command being received; true when that command is complete.
+bool ScopeSimulator::Frame(unsigned char byte) {
+  if (scopeType_ == 2 || scopeType_ == 3) return false;  // the binary GoTo is send-only
+  const char c = static_cast<char>(byte);
+  if (scopeType_ == 1) {  // NexStar: the letter sets the length; other bytes are ignored
+    if (pending_.empty() && std::string_view("RPJEwh").find(c) == std::string_view::npos)
+      return false;
+    pending_.push_back(c);
+    return pending_.size() == (pending_[0] == 'R' ? 10u : pending_[0] == 'P' ? 8u : 1u);
   }
-  return reply;
+  // LX200: a command runs from ":" to "#"; bytes between commands (a lone "#") are ignored.
+  if (pending_.empty() && c != ':') return false;
+  pending_.push_back(c);
+  return c == '#';
+}
+
+std::string ScopeSimulator::Reply(const std::string& command) {
+  auto byte = [&](std::size_t at) { return static_cast<unsigned char>(command[at]); };
+  if (command[0] == 'P') {  // pass-through "P 2 axis direction rate 0 0 replyBytes"
+    mount_.motions.push_back({byte(2), byte(3), byte(4)});
+    return std::string(byte(7), '\0') + "#";
+  }
+  const std::string* reply = nullptr;
+  std::size_t longest = 0;
+  for (const auto& [start, answer] : behaviour_.replies) {
+    if (command.starts_with(start) && start.size() >= longest) {
+      longest = start.size();
+      reply = &answer;
+    }
+  }
+  return reply ? *reply : "";
 }
 
 std::vector<ReceivedByte> ScopeSimulator::Received() const {
@@ -128,20 +155,9 @@ void ScopeSimulator::ClearRecords() {
   commands_.clear();
 }
 
-bool ScopeSimulator::WaitForCommands(std::size_t count, std::chrono::milliseconds timeout) const {
-  std::unique_lock lock(mutex_);
-  return changed_.wait_for(lock, timeout, [&] { return commands_.size() >= count || hungUp_; }) &&
-         commands_.size() >= count;
-}
-
 MountState ScopeSimulator::Mount() const {
   std::lock_guard lock(mutex_);
   return mount_;
-}
-
-void ScopeSimulator::SetMount(const MountState& mount) {
-  std::lock_guard lock(mutex_);
-  mount_ = mount;
 }
 
 }  // namespace astel::testing

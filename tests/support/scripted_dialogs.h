@@ -15,26 +15,16 @@ namespace astel::testing {
 
 class ScriptedDialogs : public Dialogs {
  public:
-  enum class Kind { kInput, kMessage, kYesNo, kOkCancel };
-  struct Shown {
-    Kind kind;
-    std::string text;
-    std::string title;
-    std::string defaultAnswer;
-  };
-
   std::deque<std::string> answers;  // input boxes, in order
   std::deque<bool> choices;         // yes/no and OK/Cancel questions, in order
   // Input-box prompts with their titles and defaults, messages, and questions, in order.
   std::vector<std::string> prompts, titles, defaults, messages, questions;
-  std::vector<Shown> shown;  // everything, in order
 
   std::string InputBox(const std::string& prompt, const std::string& title,
                        const std::string& defaultAnswer) override {
     prompts.push_back(prompt);
     titles.push_back(title);
     defaults.push_back(defaultAnswer);
-    Record({Kind::kInput, prompt, title, defaultAnswer});
     if (answers.empty()) {
       ADD_FAILURE() << "unexpected input box: " << prompt;
       return "";
@@ -43,22 +33,15 @@ class ScriptedDialogs : public Dialogs {
     answers.pop_front();
     return answer;
   }
-  void MessageBox(const std::string& text, const std::string& title = "") override {
+  void MessageBox(const std::string& text, const std::string& = "") override {
     messages.push_back(text);
-    Record({Kind::kMessage, text, title, ""});
   }
-  bool YesNo(const std::string& text, const std::string& title = "") override {
-    return Choose(Kind::kYesNo, text, title);
-  }
-  bool OkCancel(const std::string& text, const std::string& title = "") override {
-    return Choose(Kind::kOkCancel, text, title);
-  }
+  bool YesNo(const std::string& text, const std::string& = "") override { return Choose(text); }
+  bool OkCancel(const std::string& text, const std::string& = "") override { return Choose(text); }
 
  private:
-  void Record(Shown item) { shown.push_back(std::move(item)); }
-  bool Choose(Kind kind, const std::string& text, const std::string& title) {
+  bool Choose(const std::string& text) {
     questions.push_back(text);
-    Record({kind, text, title, ""});
     if (choices.empty()) {
       ADD_FAILURE() << "unexpected question: " << text;
       return false;

@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <string>
+#include <tuple>
 
 #include "catalog/catalog_record.h"
 
@@ -16,12 +17,8 @@ inline void WriteTestCatalog(const std::string& path) {
                     double decM, const char* mag) {
     RecordFields f;
     f.names = {name, name2, "", "", ""};
-    f.raHours = raH;
-    f.raMinutes = raM;
-    f.decSign = decSign;
-    f.decDegrees = decD;
-    f.decMinutes = decM;
-    f.magnitudeText = mag;
+    std::tie(f.raHours, f.raMinutes, f.decSign, f.decDegrees, f.decMinutes, f.magnitudeText) =
+        std::tuple(raH, raM, decSign, decD, decM, mag);
     out << ComposeRecord(f) << "\r\n";
   };
   record("M3", "NGC 5272", 13, 42.2, 1, 28, 22.6, "6.2");
