@@ -47,6 +47,14 @@ TEST(CommIO, OpenCloseCyclesLeakNothing) {
   }
   EXPECT_EQ(descriptors(), descriptorsBefore);
   EXPECT_EQ(h.diagnostics.str(), "") << "no failure, nothing reported";
+
+  // Refusals: a mode the line cannot take leaves the port open until closed; a second open fails.
+  EXPECT_NE(h.comm.CommOpen(kPort, "COM1", "baud=fast parity=N"), 0);
+  EXPECT_EQ(h.comm.LastError().source, "CommOpen (BuildCommDCB)");
+  EXPECT_TRUE(h.comm.IsOpen(kPort));
+  EXPECT_EQ(h.comm.CommOpen(kPort, "COM1", kMode), -1);
+  EXPECT_EQ(h.comm.LastError().message, "Port in use.");
+  EXPECT_EQ(h.comm.CommClose(kPort), 0);
 }
 
 // CommPorts with every port behind one fixed device path.
